@@ -138,3 +138,145 @@ TEST(HsvValues, GrayInEveryType) {
         }
     }
 }
+
+// 8u HSV with two samples sharing the maximum: the vector part of a row and
+// the scalar tail pick different formulas, whose hues differ in the last
+// float bit; after rounding that is one unit for many levels. x = d / d
+// computed with the reciprocal estimate.
+TEST(HsvValues, TiesDependOnTheColumn) {
+    auto rcp = [](float v) { return _mm_cvtss_f32(_mm_rcp_ss(_mm_set_ss(v))); };
+    auto hue = [](float h6) { return double(_mm_cvtss_si32(_mm_set_ss(h6 * 42.5f))); };
+    int differ = 0;
+    for (nmq::Isa lv : nmqt::isa_levels()) {
+        nmq::IsaCap cap(lv);
+        for (int d = 1; d < 256; ++d) {
+            const float x = float(d) * rcp(float(d));
+            struct Tie { Px3 px; double vec, tail; };
+            const Tie ties[] = {
+                {{double(d), double(d), 0}, hue(x), hue(2.0f - x)},         // R = G: red's vs green's formula
+                {{0, double(d), double(d)}, hue(2.0f + x), hue(4.0f - x)},  // G = B: green's vs blue's
+                {{double(d), 0, double(d)}, hue(4.0f + x), hue(4.0f + x)},  // R = B: blue's in both
+            };
+            for (const Tie& t : ties) {
+                const double vec = convert("nmqiRGBToHSV_8u_C3R", std::vector<Px3>(8, t.px))[0][0];
+                const double tail = convert("nmqiRGBToHSV_8u_AC4R", std::vector<Px3>(7, t.px))[6][0];
+                EXPECT_EQ(t.vec, vec) << nmqt::isa_name(lv) << " d " << d << " pixel " << t.px[0] << "," << t.px[1];
+                EXPECT_EQ(t.tail, tail) << nmqt::isa_name(lv) << " d " << d << " pixel " << t.px[0] << "," << t.px[1];
+                differ += t.vec != t.tail;
+            }
+        }
+    }
+    EXPECT_GT(differ, 0) << "no level where the two rules round apart: the test shows nothing on this CPU";
+}
+
+// 16s is 16u on the value offset by 32768, in and out.
+TEST(HsvValues, SignedIsOffsetUnsigned) {
+    const std::pair<const char*, const char*> pairs[] = {{"nmqiRGBToHLS_16s_C3R", "nmqiRGBToHLS_16u_C3R"},
+                                                         {"nmqiHLSToRGB_16s_AC4R", "nmqiHLSToRGB_16u_AC4R"}};
+    nmqt::Rng rng(5);
+    for (auto [s16, u16] : pairs) {
+        std::vector<Px3> in(300), shifted(300);
+        for (size_t i = 0; i < in.size(); ++i)
+            for (size_t m = 0; m < 3; ++m) {
+                in[i][m] = rng.uniform(-32768, 32767);
+                shifted[i][m] = in[i][m] + 32768;
+            }
+        const std::vector<Px3> a = convert(s16, in), b = convert(u16, shifted);
+        for (size_t i = 0; i < in.size(); ++i)
+            for (size_t m = 0; m < 3; ++m) ASSERT_EQ(a[i][m] + 32768, b[i][m]) << s16 << " pixel " << i;
+    }
+}
+
+namespace {
+
+double circ(double a, double b, double period) {
+    const double d = std::fmod(std::fabs(a - b), period);
+    return std::min(d, period - d);
+}
+
+// Textbook hexcone models in double precision; H in degrees, others 0..1.
+Px3 ideal_hsv(double r, double g, double b) {
+    const double v = std::max({r, g, b}), d = v - std::min({r, g, b});
+    if (d == 0) return {0, 0, v};
+    double h = v == r ? 60 * (g - b) / d : v == g ? 120 + 60 * (b - r) / d : 240 + 60 * (r - g) / d;
+    return {h < 0 ? h + 360 : h, d / v, v};
+}
+Px3 ideal_hls(double r, double g, double b) {
+    const double v = std::max({r, g, b}), m = std::min({r, g, b}), l = (v + m) / 2, d = v - m;
+    if (d == 0) return {0, l, 0};
+    const Px3 hsv = ideal_hsv(r, g, b);
+    return {hsv[0], l, d / (1 - std::fabs(v + m - 1))};
+}
+// Chroma c spread over the hue: the common inverse of both models.
+Px3 ideal_rgb(double hdeg, double c, double lo) {
+    const double hp = std::fmod(hdeg, 360) / 60, x = c * (1 - std::fabs(std::fmod(hp, 2) - 1));
+    const int i = int(hp);
+    const Px3 t[6] = {{c, x, 0}, {x, c, 0}, {0, c, x}, {0, x, c}, {x, 0, c}, {c, 0, x}};
+    return {t[i][0] + lo, t[i][1] + lo, t[i][2] + lo};
+}
+
+}  // namespace
+
+// Random pixels against the textbook formulas. The tolerances cover the
+// rounding and truncation of each type (and the reciprocal estimate); any
+// mix-up of sextants, channels or scales is far outside them.
+TEST(HsvValues, CloseToTheTextbook) {
+    for (const Export& e : exports()) {
+        if (e.bgr || e.src.ch != 3 || e.type == Type::s16) continue;
+        const double top = e.type == Type::u8 ? 255 : e.type == Type::u16 ? 65535 : 1;
+        // Hue, saturation/lightness and RGB tolerances in units of the type.
+        const double tol = (e.type == Type::u8 ? 1 : e.type == Type::u16 ? 2 : 1e-5) + 1e-6;
+        const double tol_rgb = e.type == Type::u8 ? 2 : e.type == Type::u16 ? 3 : 1e-5;
+        const bool hls = e.conv == Conv::ToHls || e.conv == Conv::FromHls;
+        nmqt::Rng rng(11);
+        const nmqt::Shape sh{97, 3, 0, 0};
+        SideImage pick(e.src, e.type, sh, 0);
+        std::vector<Px3> in;
+        for (int i = 0; i < 500; ++i) {
+            Px3 p;
+            for (double& v : p) v = pick.pick(rng);
+            in.push_back(p);
+        }
+        const std::vector<Px3> out = convert(e.name, in);
+        for (size_t i = 0; i < in.size(); ++i) {
+            const Px3& p = in[i];
+            const Px3& o = out[i];
+            SCOPED_TRACE(std::string(e.name) + " pixel " + std::to_string(p[0]) + "," + std::to_string(p[1]) + "," +
+                         std::to_string(p[2]));
+            if (e.forward()) {
+                const Px3 w = hls ? ideal_hls(p[0] / top, p[1] / top, p[2] / top) : ideal_hsv(p[0] / top, p[1] / top,
+                                                                                          p[2] / top);
+                const double hue_top = e.type == Type::f32 ? 1 : top;
+                if (w[hls ? 2 : 1] > 0) {
+                    EXPECT_LE(circ(o[0], w[0] / 360 * hue_top, hue_top), tol);
+                }
+                EXPECT_NEAR(o[1], w[1] * top, tol);
+                EXPECT_NEAR(o[2], w[2] * top, tol);
+            } else {
+                const double h = p[0] / (e.type == Type::f32 ? 1 : top) * 360;
+                Px3 w;
+                if (hls) {
+                    const double l = p[1] / top, s = p[2] / top, c = (1 - std::fabs(2 * l - 1)) * s;
+                    w = ideal_rgb(h, c, l - c / 2);
+                } else {
+                    const double s = p[1] / top, v = p[2] / top;
+                    w = ideal_rgb(h, v * s, v - v * s);
+                }
+                for (int m = 0; m < 3; ++m) EXPECT_NEAR(o[m], w[m] * top, tol_rgb) << "sample " << m;
+            }
+        }
+    }
+}
+
+// 32f HLS to RGB at L = 0.5 takes m2 = L (1 + S): for S = 0.0005 the other
+// branch, (L + S) - L S, is one float step higher. G at hue 120 is m2.
+TEST(HsvValues, HalfLightnessTakesTheLowerBranch) {
+    const float s = 0.0005f, lower = 0.5f * (1.0f + s), upper = (0.5f + s) - 0.5f * s;
+    ASSERT_NE(lower, upper);
+    for (nmq::Isa lv : nmqt::isa_levels()) {
+        nmq::IsaCap cap(lv);
+        const Px3 rgb = convert("nmqiHLSToRGB_32f_C3R", {{double(1.0f / 3.0f), 0.5, double(s)}})[0];
+        EXPECT_EQ(double(lower), rgb[1]) << nmqt::isa_name(lv);
+        EXPECT_EQ(double(2.0f * 0.5f - lower), rgb[2]) << nmqt::isa_name(lv);
+    }
+}
