@@ -114,54 +114,90 @@ inline float ed_elem(float v, float t, const EdParams& p, Dst<D>* out) {
         return 0.0f;
     }
     const float q = float(trunc_i32(v * p.inv)) * p.s;
-    const float r = t < v - q ? q + p.s : q;
+    // q + 0 is q: adding the masked step keeps the decision off the branch predictor.
+    const float r = q + (t < v - q ? p.s : 0.0f);
     *out = D::ed_out(r);
     return v - r;
 }
 
-// Floyd-Steinberg row: e0 holds the terms of the row above on entry and the
-// errors of this row on return. x is the pixel index; elements are `stride` apart.
-template <class D, bool Noise>
-void innerReduceBits_fs(const Src<D>* s, int stride, Dst<D>* d, int w, float* e0, const EdParams& p,
-                        const NoiseTables& nz, int y) {
-    float prev = e0[-1];
-    for (int x = 0; x < w; ++x) {
-        const ptrdiff_t i = ptrdiff_t(x) * stride;
-        const float v = D::value(s[i]) + (e0[x] + 7.0f * prev) * 0.0625f;
-        const float t = Noise ? nz.at(x, y) : p.half;
-        prev = ed_elem<D>(v, t, p, d + i);
-        e0[x] = prev;
-    }
+// One row of one channel pass: its elements, `stride` apart, and its row
+// number within the pass (for the noise index).
+template <class D>
+struct EdRow {
+    const Src<D>* s;
+    Dst<D>* d;
+    int y;
+};
+
+// Serial state of a row: the errors of the two elements to the left (the
+// guards, 0, at the start of a row).
+struct Left {
+    float m1 = 0.0f, m2 = 0.0f;
+};
+
+// One element: adds the current row's terms to `above`, the weighted sum of
+// the rows above, quantises and returns the element's error. Floyd-Steinberg
+// forms (above + 7*e0[x-1]) * 1/16; the others (above + m2*e0[x-2]) + m1*e0[x-1]
+// times their multiplier. x is the pixel index.
+template <class D, bool Noise, bool Fs>
+inline float ed_step(const EdRow<D>& r, int stride, int x, float above, Left& left, const JjWeights& k,
+                     const EdParams& p, const NoiseTables& nz) {
+    const ptrdiff_t i = ptrdiff_t(x) * stride;
+    const float sum = Fs ? (above + 7.0f * left.m1) * 0.0625f : ((above + k.m2 * left.m2) + k.m1 * left.m1) * k.mult;
+    const float v = D::value(r.s[i]) + sum;
+    const float t = Noise ? nz.at(x, r.y) : p.half;
+    left.m2 = left.m1;
+    left.m1 = ed_elem<D>(v, t, p, r.d + i);
+    return left.m1;
 }
 
-// Jarvis-Judice-Ninke / Stucki row: the current row's terms are added to the
-// rows above as (above + m2*e0[x-2]) + m1*e0[x-1].
-template <class D, bool Noise>
-void innerReduceBits_st_jj(const Src<D>* s, int stride, Dst<D>* d, int w, float* e0, const JjWeights& k,
-                           const EdParams& p, const NoiseTables& nz, int y) {
-    float pm2 = e0[-2], pm1 = e0[-1];
-    for (int x = 0; x < w; ++x) {
-        const ptrdiff_t i = ptrdiff_t(x) * stride;
-        const float sum = (e0[x] + k.m2 * pm2) + k.m1 * pm1;
-        const float v = D::value(s[i]) + sum * k.mult;
-        const float t = Noise ? nz.at(x, y) : p.half;
-        pm2 = pm1;
-        pm1 = ed_elem<D>(v, t, p, d + i);
-        e0[x] = pm1;
+// Terms of the rows above for one element, in the order of the row routines.
+template <class D, bool Fs>
+inline float ed_above(const float* e2, const float* e1, int x, const JjWeights& k) {
+    if constexpr (!Fs) return jj_terms(e2, e1, x, k);
+    else if constexpr (D::kFsCentreFirst) return fs_terms_b(e1, x);
+    else return fs_terms_a(e1, x);
+}
+
+// A row alone: e0 holds its terms from the rows above on entry, its errors on return.
+template <class D, bool Noise, bool Fs>
+void innerReduceBits_row(const EdRow<D>& a, int stride, int w, float* e0, const JjWeights& k, const EdParams& p,
+                         const NoiseTables& nz) {
+    Left la;
+    for (int x = 0; x < w; ++x) e0[x] = ed_step<D, Noise, Fs>(a, stride, x, e0[x], la, k, p, nz);
+}
+
+// Two consecutive rows at once, the lower one `lag` elements behind, so that
+// every error it gathers from the upper row is final: the two serial chains
+// overlap. The upper row's terms are in a0 on entry (from a1 and the row
+// above it); the lower row gathers from a0 (and a1) as it goes and writes b0.
+template <class D, bool Noise, bool Fs>
+void innerReduceBits_pair(const EdRow<D>& a, const EdRow<D>& b, int stride, int w, float* a0, const float* a1,
+                          float* b0, const JjWeights& k, const EdParams& p, const NoiseTables& nz) {
+    constexpr int lag = Fs ? 1 : 2;
+    Left la, lb;
+    int x = 0;
+    for (; x < lag && x < w; ++x) a0[x] = ed_step<D, Noise, Fs>(a, stride, x, a0[x], la, k, p, nz);
+    for (; x < w; ++x) {
+        a0[x] = ed_step<D, Noise, Fs>(a, stride, x, a0[x], la, k, p, nz);
+        const int xb = x - lag;
+        b0[xb] = ed_step<D, Noise, Fs>(b, stride, xb, ed_above<D, Fs>(a1, a0, xb, k), lb, k, p, nz);
     }
+    for (int xb = x - lag < 0 ? 0 : x - lag; xb < w; ++xb)
+        b0[xb] = ed_step<D, Noise, Fs>(b, stride, xb, ed_above<D, Fs>(a1, a0, xb, k), lb, k, p, nz);
 }
 
 // Floyd-Steinberg (kind 1) and Jarvis-Judice-Ninke / Stucki (kinds 2, 3).
 // Channels are separate passes over the whole image; the error rows are not
 // cleared between passes, so a channel's first rows gather what the previous
-// channel's last rows left.
-template <class D, bool Noise>
+// channel's last rows left: the rows of all passes form one sequence, walked
+// two at a time.
+template <class D, bool Noise, bool Fs>
 NmqStatus ownReduceBits_ed(const Src<D>* src, int srcStep, Dst<D>* dst, int dstStep, int width, int height, int L,
                            int noise, int mode, int kind) {
-    const bool fs = kind == 1;
-    const int guard = fs ? 1 : 2;
+    constexpr int guard = Fs ? 1 : 2;
     const long long rowLen = (long long)width + 2 * guard;
-    float* block = zeroed_block(fs ? 2 * rowLen : 3 * rowLen);
+    float* block = zeroed_block(Fs ? 2 * rowLen : 3 * rowLen);
     if (!block) return nmqStsNoMemory;
     const EdParams p{D::step(L), D::inverse(L), 0.5f * D::step(L)};
     NoiseTables nz;
@@ -179,24 +215,36 @@ NmqStatus ownReduceBits_ed(const Src<D>* src, int srcStep, Dst<D>* dst, int dstS
     const JjTerms jjTerms = kind == 3 ? pick<JjTerms>(jj_terms_scalar<3>, jj_terms_sse2<3>)
                                       : pick<JjTerms>(jj_terms_scalar<2>, jj_terms_sse2<2>);
     const JjWeights& k = kind == 3 ? kStucki : kJarvis;
-    // Rows by role: e[0] current, e[1] one above, e[2] two above.
-    float* e[3] = {block + guard, block + rowLen + guard, block + 2 * rowLen + guard};
-    for (int c = 0; c < channels; ++c) {
-        for (int y = 0; y < height; ++y) {
-            const Src<D>* s = row_of(src, srcStep, y) + c;
-            Dst<D>* d = row_of(dst, dstStep, y) + c;
-            if (fs) {
-                fsTerms(e[1], e[0], width);
-                innerReduceBits_fs<D, Noise>(s, stride, d, width, e[0], p, nz, y);
-                std::swap(e[0], e[1]);
-            } else {
-                jjTerms(e[2], e[1], e[0], width);
-                innerReduceBits_st_jj<D, Noise>(s, stride, d, width, e[0], k, p, nz, y);
-                float* old2 = e[2];
-                e[2] = e[1];
-                e[1] = e[0];
-                e[0] = old2;
-            }
+    // Rows by role: e[0] current, e[1] one above, e[2] two above (not used by
+    // Floyd-Steinberg). After each row: two above <- one above <- current <- old.
+    float* e[3] = {block + guard, block + rowLen + guard, Fs ? nullptr : block + 2 * rowLen + guard};
+    auto rotate = [&] {
+        if (Fs) {
+            std::swap(e[0], e[1]);
+        } else {
+            float* old2 = e[2];
+            e[2] = e[1];
+            e[1] = e[0];
+            e[0] = old2;
+        }
+    };
+    auto row = [&](long long g) {
+        const int c = int(g / height), y = int(g % height);
+        return EdRow<D>{row_of(src, srcStep, y) + c, row_of(dst, dstStep, y) + c, y};
+    };
+    const long long total = (long long)channels * height;
+    for (long long g = 0; g < total; g += 2) {
+        const EdRow<D> a = row(g);
+        float* a0 = e[0];
+        float* a1 = e[1];
+        if (Fs) fsTerms(a1, a0, width);
+        else jjTerms(e[2], a1, a0, width);
+        rotate();
+        if (g + 1 < total) {
+            innerReduceBits_pair<D, Noise, Fs>(a, row(g + 1), stride, width, a0, a1, e[0], k, p, nz);
+            rotate();
+        } else {
+            innerReduceBits_row<D, Noise, Fs>(a, stride, width, a0, k, p, nz);
         }
     }
     if constexpr (Noise) nz.release();
@@ -222,9 +270,12 @@ NmqStatus reduce_bits(const Src<D>* pSrc, int srcStep, Dst<D>* pDst, int dstStep
         case DitherKindBayer:
             return noise ? ownReduceBits_bayer<D, true>(pSrc, srcStep, pDst, dstStep, w, h, L, noise, mode)
                          : ownReduceBits_bayer<D, false>(pSrc, srcStep, pDst, dstStep, w, h, L, noise, mode);
-        default:
-            return noise ? ownReduceBits_ed<D, true>(pSrc, srcStep, pDst, dstStep, w, h, L, noise, mode, dtype)
-                         : ownReduceBits_ed<D, false>(pSrc, srcStep, pDst, dstStep, w, h, L, noise, mode, dtype);
+        case DitherKindFloydSteinberg:
+            return noise ? ownReduceBits_ed<D, true, true>(pSrc, srcStep, pDst, dstStep, w, h, L, noise, mode, dtype)
+                         : ownReduceBits_ed<D, false, true>(pSrc, srcStep, pDst, dstStep, w, h, L, noise, mode, dtype);
+        default:  // Jarvis-Judice-Ninke, Stucki
+            return noise ? ownReduceBits_ed<D, true, false>(pSrc, srcStep, pDst, dstStep, w, h, L, noise, mode, dtype)
+                         : ownReduceBits_ed<D, false, false>(pSrc, srcStep, pDst, dstStep, w, h, L, noise, mode, dtype);
     }
 }
 

@@ -4,6 +4,8 @@
 // gathered from the rows above has a vector form.
 #pragma once
 
+#include <xmmintrin.h>
+
 #include <cstdint>
 #include <type_traits>
 
@@ -12,12 +14,9 @@
 namespace nmq::reduce {
 
 // Float to int32 by truncation toward zero. Values outside the int32 range and
-// NaN give INT32_MIN, as the processor's truncating conversion does, so the
-// scalar and vector forms agree on every input.
-inline int32_t trunc_i32(float f) {
-    if (f >= -2147483648.0f && f < 2147483648.0f) return int32_t(f);
-    return INT32_MIN;
-}
+// NaN give INT32_MIN (the processor's truncating conversion, which the vector
+// forms use too), so every form agrees on every input.
+inline int32_t trunc_i32(float f) { return _mm_cvttss_si32(_mm_set_ss(f)); }
 
 // Channel modes handed to the kernels: a row is width x elems() contiguous
 // elements, except AC4, whose fourth element of each pixel is never written.
