@@ -1,0 +1,329 @@
+// SSE2 row kernels of the YCbCr family. Each one gives the bytes of its scalar
+// kernel in ycbcr_kernels.h: the 2^16 (and 2^15) fixed-point sums are formed
+// exactly in 32-bit lanes with pmaddwd, weights above 16 bits being split into
+// a 16-bit part and a multiple of the final scale that is added after the
+// shift. Blocks of 16 pixels (two rows for 4:2:0) run here while they lie
+// inside the row; the scalar kernel finishes the row. No load or store leaves
+// the row's ROI.
+#pragma once
+
+#include <emmintrin.h>
+
+#include <cstddef>
+#include <cstdint>
+
+#include "yuv/ycbcr_kernels.h"
+
+namespace nmq::ycc::sse2 {
+
+inline __m128i ld(const uint8_t* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
+inline __m128i ld8(const uint8_t* p) { return _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)); }
+inline void st(uint8_t* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
+inline void st8(uint8_t* p, __m128i v) { _mm_storel_epi64(reinterpret_cast<__m128i*>(p), v); }
+
+// A 32-bit lane holding two 16-bit weights, lo in the low half (pmaddwd pairs).
+inline __m128i pair16(int lo, int hi) {
+    return _mm_set1_epi32(int((uint32_t(uint16_t(hi)) << 16) | uint16_t(lo)));
+}
+
+// Four 4-byte pixels per register (8 pixels in v0, v1) -> the first three
+// bytes of each pixel as 16-bit lanes.
+inline void split4(__m128i v0, __m128i v1, __m128i& c0, __m128i& c1, __m128i& c2) {
+    const __m128i m = _mm_set1_epi16(0xFF);
+    const __m128i ev = _mm_packus_epi16(_mm_and_si128(v0, m), _mm_and_si128(v1, m));
+    const __m128i od = _mm_packus_epi16(_mm_srli_epi16(v0, 8), _mm_srli_epi16(v1, 8));
+    c0 = _mm_and_si128(ev, m);
+    c2 = _mm_srli_epi16(ev, 8);
+    c1 = _mm_and_si128(od, m);
+}
+
+// 12 bytes (four 3-byte pixels) at the bottom of c -> four 4-byte pixels.
+inline __m128i expand3(__m128i c) {
+    const __m128i e = _mm_unpacklo_epi64(c, _mm_srli_si128(c, 6));
+    const __m128i lo = _mm_and_si128(e, _mm_set_epi32(0, 0xFFFFFF, 0, 0xFFFFFF));
+    const __m128i hi = _mm_and_si128(_mm_slli_epi64(e, 8), _mm_set_epi32(0xFFFFFF, 0, 0xFFFFFF, 0));
+    return _mm_or_si128(lo, hi);
+}
+
+// Four 4-byte pixels -> 12 bytes at the bottom, top 4 bytes zero.
+inline __m128i compact3(__m128i q) {
+    const __m128i t = _mm_or_si128(_mm_and_si128(q, _mm_set_epi32(0, 0xFFFFFF, 0, 0xFFFFFF)),
+                                   _mm_and_si128(_mm_srli_epi64(q, 8), _mm_set_epi32(0xFFFF, int(0xFF000000u), 0xFFFF, int(0xFF000000u))));
+    return _mm_or_si128(_mm_move_epi64(t), _mm_slli_si128(_mm_srli_si128(t, 8), 6));
+}
+
+// R, G, B of 8 pixels from x on, as 16-bit lanes. SS: 1 planes, 3 or 4
+// interleaved bytes per pixel (the fourth is ignored).
+template <bool Bgr, int SS>
+inline void load8(const RgbIn& in, ptrdiff_t x, __m128i& R, __m128i& G, __m128i& B) {
+    if constexpr (SS == 1) {
+        const __m128i z = _mm_setzero_si128();
+        R = _mm_unpacklo_epi8(ld8(in.r + x), z);
+        G = _mm_unpacklo_epi8(ld8(in.g + x), z);
+        B = _mm_unpacklo_epi8(ld8(in.b + x), z);
+    } else {
+        const uint8_t* p = (Bgr ? in.b : in.r) + x * SS;
+        __m128i v0, v1;
+        if constexpr (SS == 4) {
+            v0 = ld(p);
+            v1 = ld(p + 16);
+        } else {
+            const __m128i a = ld(p), b = ld8(p + 16);
+            v0 = expand3(a);
+            v1 = expand3(_mm_or_si128(_mm_srli_si128(a, 12), _mm_slli_si128(b, 4)));
+        }
+        __m128i c0, c1, c2;
+        split4(v0, v1, c0, c1, c2);
+        R = Bgr ? c2 : c0;
+        G = c1;
+        B = Bgr ? c0 : c2;
+    }
+}
+
+// 16 pixels of R, G, B bytes to an interleaved row (DS = 3, or 4 with alpha 0xFF).
+template <bool Bgr, int DS>
+inline void store16(const RgbOut& o, ptrdiff_t x, __m128i R, __m128i G, __m128i B) {
+    if constexpr (Bgr) {
+        const __m128i t = R;
+        R = B;
+        B = t;
+    }
+    uint8_t* p = (Bgr ? o.b : o.r) + x * DS;
+    const __m128i rg0 = _mm_unpacklo_epi8(R, G), rg1 = _mm_unpackhi_epi8(R, G);
+    const __m128i fill = DS == 4 ? _mm_set1_epi8(-1) : B;
+    const __m128i ba0 = _mm_unpacklo_epi8(B, fill), ba1 = _mm_unpackhi_epi8(B, fill);
+    const __m128i q0 = _mm_unpacklo_epi16(rg0, ba0), q1 = _mm_unpackhi_epi16(rg0, ba0);
+    const __m128i q2 = _mm_unpacklo_epi16(rg1, ba1), q3 = _mm_unpackhi_epi16(rg1, ba1);
+    if constexpr (DS == 4) {
+        st(p, q0);
+        st(p + 16, q1);
+        st(p + 32, q2);
+        st(p + 48, q3);
+    } else {
+        const __m128i c0 = compact3(q0), c1 = compact3(q1), c2 = compact3(q2), c3 = compact3(q3);
+        st(p, _mm_or_si128(c0, _mm_slli_si128(c1, 12)));
+        st(p + 16, _mm_or_si128(_mm_srli_si128(c1, 4), _mm_slli_si128(c2, 8)));
+        st(p + 32, _mm_or_si128(_mm_srli_si128(c2, 8), _mm_slli_si128(c3, 4)));
+    }
+}
+
+// ---------------------------------------------------------------- forward
+
+// Luma of 8 pixels; K holds the offset of each pixel (yk, or yk/yk2 by pair).
+template <class F>
+inline __m128i luma8(__m128i R, __m128i G, __m128i B, __m128i K) {
+    constexpr int hi = F::yg > 32767 ? 1 : 0;
+    constexpr int lo = F::yg - hi * (1 << F::S);
+    const __m128i wrg = pair16(F::yr, lo), wb = pair16(F::yb, 0), z = _mm_setzero_si128();
+    const __m128i l = _mm_add_epi32(_mm_add_epi32(_mm_madd_epi16(_mm_unpacklo_epi16(R, G), wrg),
+                                                  _mm_madd_epi16(_mm_unpacklo_epi16(B, z), wb)), K);
+    const __m128i h = _mm_add_epi32(_mm_add_epi32(_mm_madd_epi16(_mm_unpackhi_epi16(R, G), wrg),
+                                                  _mm_madd_epi16(_mm_unpackhi_epi16(B, z), wb)), K);
+    const __m128i y = _mm_packs_epi32(_mm_srai_epi32(l, F::S), _mm_srai_epi32(h, F::S));
+    return hi ? _mm_add_epi16(y, G) : y;
+}
+
+// Chroma of 4 horizontal pairs (8 lanes of values or of two-row sums):
+// pmaddwd adds the two lanes of each pair, scaled by the weight.
+template <class F, int N>
+inline __m128i chroma_pairs(__m128i R, __m128i G, __m128i B, int wr, int wg, int wb) {
+    const __m128i s = _mm_add_epi32(_mm_add_epi32(_mm_madd_epi16(R, _mm_set1_epi16(short(wr))),
+                                                  _mm_madd_epi16(G, _mm_set1_epi16(short(wg)))),
+                                    _mm_add_epi32(_mm_madd_epi16(B, _mm_set1_epi16(short(wb))),
+                                                  _mm_set1_epi32(F::ck * (1 << N))));
+    return _mm_srai_epi32(s, F::S + N);
+}
+
+// 8 chroma values from two groups of 4 as the low 8 bytes: the low byte of
+// each value for the matrices whose offset wraps (the sum is stored as
+// value - 256), the clamped value for the others.
+template <class F>
+inline __m128i bytes8(__m128i a, __m128i b) {
+    __m128i v = _mm_packs_epi32(a, b);
+    if constexpr (!F::clamp) v = _mm_and_si128(v, _mm_set1_epi16(0xFF));
+    return _mm_packus_epi16(v, _mm_setzero_si128());
+}
+
+// 4:2:2 from RGB. D: 0..2 packed in the byte order of Order, 3 planes.
+template <class F, bool Bgr, int SS, int D>
+void fwd422(const RgbIn& in, const Ycc422& o, int x0, int w) {
+    const __m128i K = _mm_set_epi32(F::yk2, F::yk, F::yk2, F::yk);
+    ptrdiff_t x = x0;
+    for (; x + 16 <= w; x += 16) {
+        __m128i R0, G0, B0, R1, G1, B1;
+        load8<Bgr, SS>(in, x, R0, G0, B0);
+        load8<Bgr, SS>(in, x + 8, R1, G1, B1);
+        const __m128i Y = _mm_packus_epi16(luma8<F>(R0, G0, B0, K), luma8<F>(R1, G1, B1, K));
+        const __m128i Cb = bytes8<F>(chroma_pairs<F, 1>(R0, G0, B0, F::br, F::bg, F::bb),
+                                  chroma_pairs<F, 1>(R1, G1, B1, F::br, F::bg, F::bb));
+        const __m128i Cr = bytes8<F>(chroma_pairs<F, 1>(R0, G0, B0, F::rr, F::rg, F::rb),
+                                  chroma_pairs<F, 1>(R1, G1, B1, F::rr, F::rg, F::rb));
+        if constexpr (D == 3) {
+            st(o.y + x, Y);
+            st8(o.cb + x / 2, Cb);
+            st8(o.cr + x / 2, Cr);
+        } else if constexpr (D == int(Order::CbYCr)) {
+            uint8_t* p = o.cb + 2 * x;
+            const __m128i C = _mm_unpacklo_epi8(Cb, Cr);
+            st(p, _mm_unpacklo_epi8(C, Y));
+            st(p + 16, _mm_unpackhi_epi8(C, Y));
+        } else {
+            uint8_t* p = o.y + 2 * x;
+            const __m128i C = D == int(Order::YCrCb) ? _mm_unpacklo_epi8(Cr, Cb) : _mm_unpacklo_epi8(Cb, Cr);
+            st(p, _mm_unpacklo_epi8(Y, C));
+            st(p + 16, _mm_unpackhi_epi8(Y, C));
+        }
+    }
+    fwd422_row<F>(in, o, int(x), w);
+}
+
+// 4:2:0 from RGB, two rows; planes (cs 1) or an interleaved chroma plane (cs 2).
+template <class F, bool Bgr, int SS>
+void fwd420(const RgbIn& s0, const RgbIn& s1, const Ycc420& o, int x0, int w) {
+    const __m128i K = _mm_set1_epi32(F::yk);
+    const bool cr_first = o.cr < o.cb;
+    ptrdiff_t x = x0;
+    for (; x + 16 <= w; x += 16) {
+        __m128i R0, G0, B0, R1, G1, B1, R2, G2, B2, R3, G3, B3;
+        load8<Bgr, SS>(s0, x, R0, G0, B0);
+        load8<Bgr, SS>(s0, x + 8, R1, G1, B1);
+        load8<Bgr, SS>(s1, x, R2, G2, B2);
+        load8<Bgr, SS>(s1, x + 8, R3, G3, B3);
+        st(o.y0 + x, _mm_packus_epi16(luma8<F>(R0, G0, B0, K), luma8<F>(R1, G1, B1, K)));
+        st(o.y1 + x, _mm_packus_epi16(luma8<F>(R2, G2, B2, K), luma8<F>(R3, G3, B3, K)));
+        const __m128i SR0 = _mm_add_epi16(R0, R2), SG0 = _mm_add_epi16(G0, G2), SB0 = _mm_add_epi16(B0, B2);
+        const __m128i SR1 = _mm_add_epi16(R1, R3), SG1 = _mm_add_epi16(G1, G3), SB1 = _mm_add_epi16(B1, B3);
+        const __m128i Cb = bytes8<F>(chroma_pairs<F, 2>(SR0, SG0, SB0, F::br, F::bg, F::bb),
+                                  chroma_pairs<F, 2>(SR1, SG1, SB1, F::br, F::bg, F::bb));
+        const __m128i Cr = bytes8<F>(chroma_pairs<F, 2>(SR0, SG0, SB0, F::rr, F::rg, F::rb),
+                                  chroma_pairs<F, 2>(SR1, SG1, SB1, F::rr, F::rg, F::rb));
+        if (o.cs == 1) {
+            st8(o.cb + x / 2, Cb);
+            st8(o.cr + x / 2, Cr);
+        } else if (cr_first) {
+            st(o.cr + x, _mm_unpacklo_epi8(Cr, Cb));
+        } else {
+            st(o.cb + x, _mm_unpacklo_epi8(Cb, Cr));
+        }
+    }
+    fwd420_rows<F>(s0, s1, o, int(x), w);
+}
+
+// ---------------------------------------------------------------- inverse
+
+// R, G, B (16-bit, before the clamp) of 8 pixels from Y, Cb, Cr bytes in
+// 16-bit lanes.
+template <class I>
+struct InvCore;
+
+// 76284 = 65536 + 10748, 104595 = 2*65536 - 26477, -53281 = -65536 + 12255,
+// 132186 = 2*65536 + 1114: the multiples of 65536 come back after the shift.
+template <int KR, int KG, int KB>
+struct InvCore<Inv601<KR, KG, KB>> {
+    static void run(__m128i Y, __m128i Cb, __m128i Cr, __m128i& R, __m128i& G, __m128i& B) {
+        const __m128i ycl = _mm_unpacklo_epi16(Y, Cr), ych = _mm_unpackhi_epi16(Y, Cr);
+        const __m128i cyl = _mm_unpacklo_epi16(Cb, Y), cyh = _mm_unpackhi_epi16(Cb, Y);
+        const __m128i wr = pair16(10748, -26477), wg1 = pair16(10748, 12255), wg2 = pair16(-25690, 0),
+                      wb = pair16(1114, 10748);
+        const auto fin = [](__m128i l, __m128i h, int k) {
+            const __m128i kk = _mm_set1_epi32(k);
+            return _mm_packs_epi32(_mm_srai_epi32(_mm_add_epi32(l, kk), 16), _mm_srai_epi32(_mm_add_epi32(h, kk), 16));
+        };
+        R = _mm_add_epi16(fin(_mm_madd_epi16(ycl, wr), _mm_madd_epi16(ych, wr), KR),
+                          _mm_add_epi16(Y, _mm_add_epi16(Cr, Cr)));
+        G = _mm_add_epi16(fin(_mm_add_epi32(_mm_madd_epi16(ycl, wg1), _mm_madd_epi16(cyl, wg2)),
+                              _mm_add_epi32(_mm_madd_epi16(ych, wg1), _mm_madd_epi16(cyh, wg2)), KG),
+                          _mm_sub_epi16(Y, Cr));
+        B = _mm_add_epi16(fin(_mm_madd_epi16(cyl, wb), _mm_madd_epi16(cyh, wb), KB),
+                          _mm_add_epi16(Y, _mm_add_epi16(Cb, Cb)));
+    }
+};
+
+template <int CY, int YOFF, int CRR, int CBG, int CRG, int CBB>
+struct InvCore<Inv709<CY, YOFF, CRR, CBG, CRG, CBB>> {
+    static void run(__m128i Y, __m128i Cb, __m128i Cr, __m128i& R, __m128i& G, __m128i& B) {
+        const __m128i yt = CY ? _mm_mulhi_epi16(_mm_slli_epi16(_mm_sub_epi16(Y, _mm_set1_epi16(YOFF)), 3), _mm_set1_epi16(CY))
+                              : Y;
+        const __m128i c128 = _mm_set1_epi16(128);
+        const __m128i cb = _mm_slli_epi16(_mm_sub_epi16(Cb, c128), 3), cr = _mm_slli_epi16(_mm_sub_epi16(Cr, c128), 3);
+        R = _mm_add_epi16(yt, _mm_mulhi_epi16(cr, _mm_set1_epi16(CRR)));
+        G = _mm_add_epi16(_mm_add_epi16(yt, _mm_mulhi_epi16(cb, _mm_set1_epi16(CBG))),
+                          _mm_mulhi_epi16(cr, _mm_set1_epi16(CRG)));
+        B = _mm_add_epi16(yt, _mm_mulhi_epi16(cb, _mm_set1_epi16(CBB)));
+    }
+};
+
+// 16 pixels: Y bytes, per-pixel Cb and Cr as 16-bit lanes (low and high 8).
+template <class I, bool Bgr, int DS>
+inline void inv16(const RgbOut& o, ptrdiff_t x, __m128i Yb, __m128i cbl, __m128i cbh, __m128i crl, __m128i crh) {
+    const __m128i z = _mm_setzero_si128();
+    __m128i R0, G0, B0, R1, G1, B1;
+    InvCore<I>::run(_mm_unpacklo_epi8(Yb, z), cbl, crl, R0, G0, B0);
+    InvCore<I>::run(_mm_unpackhi_epi8(Yb, z), cbh, crh, R1, G1, B1);
+    store16<Bgr, DS>(o, x, _mm_packus_epi16(R0, R1), _mm_packus_epi16(G0, G1), _mm_packus_epi16(B0, B1));
+}
+
+// 4:2:0 to RGB, two rows; chroma planes (cs 1) or an interleaved plane (cs 2).
+template <class I, bool Bgr, int DS>
+void inv420(const Ycc420In& in, const RgbOut& o0, const RgbOut& o1, int x0, int w) {
+    const __m128i z = _mm_setzero_si128(), m = _mm_set1_epi16(0xFF);
+    const bool cr_first = in.cr < in.cb;
+    ptrdiff_t x = x0;
+    for (; x + 16 <= w; x += 16) {
+        __m128i cb, cr;
+        if (in.cs == 2) {
+            const __m128i v = ld((cr_first ? in.cr : in.cb) + x);
+            const __m128i a = _mm_and_si128(v, m), b = _mm_srli_epi16(v, 8);
+            cb = cr_first ? b : a;
+            cr = cr_first ? a : b;
+        } else {
+            cb = _mm_unpacklo_epi8(ld8(in.cb + x / 2), z);
+            cr = _mm_unpacklo_epi8(ld8(in.cr + x / 2), z);
+        }
+        const __m128i cbl = _mm_unpacklo_epi16(cb, cb), cbh = _mm_unpackhi_epi16(cb, cb);
+        const __m128i crl = _mm_unpacklo_epi16(cr, cr), crh = _mm_unpackhi_epi16(cr, cr);
+        inv16<I, Bgr, DS>(o0, x, ld(in.y0 + x), cbl, cbh, crl, crh);
+        inv16<I, Bgr, DS>(o1, x, ld(in.y1 + x), cbl, cbh, crl, crh);
+    }
+    inv420_rows<I>(in, o0, o1, int(x), w);
+}
+
+// Packed 4:2:2 to RGB.
+template <class I, Order O, bool Bgr, int DS>
+void inv422(const Ycc422In& in, const RgbOut& o, int x0, int w) {
+    const __m128i m = _mm_set1_epi16(0xFF);
+    const uint8_t* p = in.y - (O == Order::CbYCr ? 1 : 0);
+    ptrdiff_t x = x0;
+    for (; x + 16 <= w; x += 16) {
+        __m128i Y[2], Cb[2], Cr[2];
+        for (int h = 0; h < 2; ++h) {
+            const __m128i v = ld(p + 2 * x + 16 * h);
+            const __m128i c = O == Order::CbYCr ? _mm_and_si128(v, m) : _mm_srli_epi16(v, 8);
+            Y[h] = O == Order::CbYCr ? _mm_srli_epi16(v, 8) : _mm_and_si128(v, m);
+            const __m128i first = _mm_shufflehi_epi16(_mm_shufflelo_epi16(c, 0xA0), 0xA0);
+            const __m128i second = _mm_shufflehi_epi16(_mm_shufflelo_epi16(c, 0xF5), 0xF5);
+            Cb[h] = O == Order::YCrCb ? second : first;
+            Cr[h] = O == Order::YCrCb ? first : second;
+        }
+        __m128i R0, G0, B0, R1, G1, B1;
+        InvCore<I>::run(Y[0], Cb[0], Cr[0], R0, G0, B0);
+        InvCore<I>::run(Y[1], Cb[1], Cr[1], R1, G1, B1);
+        store16<Bgr, DS>(o, x, _mm_packus_epi16(R0, R1), _mm_packus_epi16(G0, G1), _mm_packus_epi16(B0, B1));
+    }
+    inv422_row<I>(in, o, int(x), w);
+}
+
+// Full-sampled planes to interleaved RGB.
+template <class I, bool Bgr, int DS>
+void inv444p(const Ycc444In& in, const RgbOut& o, int x0, int w) {
+    const __m128i z = _mm_setzero_si128();
+    ptrdiff_t x = x0;
+    for (; x + 16 <= w; x += 16) {
+        const __m128i cb = ld(in.cb + x), cr = ld(in.cr + x);
+        inv16<I, Bgr, DS>(o, x, ld(in.y + x), _mm_unpacklo_epi8(cb, z), _mm_unpackhi_epi8(cb, z),
+                          _mm_unpacklo_epi8(cr, z), _mm_unpackhi_epi8(cr, z));
+    }
+    inv444_row<I>(in, o, int(x), w);
+}
+
+}  // namespace nmq::ycc::sse2

@@ -1,0 +1,186 @@
+// Every YCbCr export: argument checks, and a sweep of image shapes at every
+// SIMD level against references written from the formulas, with guard bytes,
+// kept alpha and exact source allocations.
+#include <algorithm>
+
+#include "ycbcr/ycbcr_table.h"
+
+using namespace ycct;
+using namespace nmqt;
+
+namespace {
+
+bool is16(L l) { return l == L::B565 || l == L::B555; }
+bool keeps_alpha(L l) { return l == L::RGBA4k || l == L::BGRA4k || l == L::Y4; }
+int px_bytes(L l) {
+    switch (l) {
+        case L::RGB3: case L::BGR3: case L::Y3: return 3;
+        case L::RGBA4k: case L::BGRA4k: case L::RGBA4w: case L::BGRA4w: case L::Y4: return 4;
+        default: return 1;
+    }
+}
+bool is_array(L l) { return l == L::RGBP || l == L::YP || l == L::P422 || l == L::P420 || l == L::P420CrCb || l == L::P411; }
+
+struct Images {
+    std::vector<Plane> src, dst;
+    Img s, d;
+};
+
+Images make(const Export& e, Shape sh, Rng& rng, bool page_guard) {
+    Images im;
+    // Packed 16-bit rows need even steps and aligned words.
+    const int pad = is16(e.src) ? sh.pad & ~1 : sh.pad, mis = is16(e.src) ? sh.misalign & ~1 : sh.misalign;
+    for (Geo g : geometry(e.src, sh.w, sh.h)) im.src.emplace_back(g.bytes, g.rows, pad, mis, 0, page_guard);
+    for (Geo g : geometry(e.dst, sh.w, sh.h)) im.dst.emplace_back(g.bytes, g.rows, sh.pad, sh.misalign, 16);
+    for (auto& p : im.src) p.randomize(rng);
+    for (auto& p : im.dst) p.randomize(rng);
+    for (size_t i = 0; i < im.src.size(); ++i) { im.s.p[i] = im.src[i].ptr(); im.s.step[i] = im.src[i].step; }
+    for (size_t i = 0; i < im.dst.size(); ++i) { im.d.p[i] = im.dst[i].ptr(); im.d.step[i] = im.dst[i].step; }
+    return im;
+}
+
+NmqStatus expected_status(const Export& e, int w, int h) {
+    switch (e.odd) {
+        case OddRule::WidthOrHeight: return (w | h) & 1 ? nmqStsOddSize : nmqStsOk;
+        case OddRule::Width: return w & 1 ? nmqStsOddSize : nmqStsOk;
+        case OddRule::Width4: return w & 3 ? nmqStsOddSize : nmqStsOk;
+        default: return nmqStsOk;
+    }
+}
+
+bool all_untouched(const std::vector<Plane>& ps) {
+    return std::all_of(ps.begin(), ps.end(), [](const Plane& p) { return p.untouched(); });
+}
+
+std::string cmp(const char* what, const std::vector<int>& want, const std::vector<int>& got, int w) {
+    for (size_t i = 0; i < want.size(); ++i)
+        if (want[i] >= 0 && got[i] >= 0 && want[i] != got[i])
+            return std::string(what) + " at x " + std::to_string(i % w) + " y " + std::to_string(i / w) + ": want " +
+                   std::to_string(want[i]) + " got " + std::to_string(got[i]);
+    return "";
+}
+
+// Converted values against the reference; "" when they agree.
+std::string check_values(const Export& e, const std::vector<Plane>& src, const std::vector<Plane>& dst, int w, int h) {
+    if (is_rgb(e.src)) {
+        const Ycc want = ref_forward(e.m, e.dst, decode_rgb(e.src, src, w, h));
+        const Ycc got = decode_ycc(e.dst, dst, w, h);
+        std::string s = cmp("Y", want.y, got.y, w);
+        if (s.empty()) s = cmp("Cb", want.cb, got.cb, std::max(1, want.cw));
+        if (s.empty()) s = cmp("Cr", want.cr, got.cr, std::max(1, want.cw));
+        return s;
+    }
+    const Ycc in = decode_ycc(e.src, src, w, h);
+    const Rgb want = e.name.find("_Filter") != std::string::npos ? ref_filter(in) : ref_inverse(e.m, e.src, in);
+    const Rgb got = decode_rgb(e.dst, dst, w, h);
+    std::string s = cmp("R", want.r, got.r, w);
+    if (s.empty()) s = cmp("G", want.g, got.g, w);
+    if (s.empty()) s = cmp("B", want.b, got.b, w);
+    if (s.empty() && (e.dst == L::RGBA4w || e.dst == L::BGRA4w)) s = cmp("alpha", want.a, got.a, w);
+    return s;
+}
+
+// Bytes inside the ROI that must stay: kept alpha, the odd column and row of 4:2:0.
+bool kept_bytes(const Export& e, const std::vector<Plane>& dst, int w, int h) {
+    const int n = px_bytes(e.dst);
+    const bool half = is420(e.src) || is420(e.dst);
+    for (size_t i = 0; i < dst.size(); ++i) {
+        const bool luma_or_rgb = i == 0;
+        const bool ok = dst[i].kept([&](int xb, int y) {
+            if (keeps_alpha(e.dst) && xb % 4 == 3) return true;
+            return half && luma_or_rgb && (xb / n >= (w & ~1) || y >= (h & ~1));
+        });
+        if (!ok) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+TEST(YCbCr, TableCoversEveryExport) { EXPECT_EQ(exports().size(), 85u); }
+
+// Pointers first, then the size, then the planes inside pointer arrays (two
+// functions test their planes with the pointers); an error writes nothing.
+TEST(YCbCr, ArgumentChecksInOrder) {
+    Rng rng(7);
+    for (const Export& e : exports()) {
+        SCOPED_TRACE(e.name);
+        Images im = make(e, {6, 4, 3, 1}, rng, false);
+        struct Case {
+            const char* what;
+            std::function<void(Img&, Img&)> spoil;
+            ImageSize roi;
+            NmqStatus want;
+        };
+        std::vector<Case> cases = {
+            {"zero width", [](Img&, Img&) {}, {0, 4}, nmqStsSize},
+            {"zero height", [](Img&, Img&) {}, {6, 0}, nmqStsSize},
+            {"negative width", [](Img&, Img&) {}, {-3, 4}, nmqStsSize},
+        };
+        for (int side = 0; side < 2; ++side) {
+            const L l = side ? e.dst : e.src;
+            auto pick = [side](Img& s, Img& d) -> Img& { return side ? d : s; };
+            if (is_array(l)) {
+                cases.push_back({"null array", [=](Img& s, Img& d) { pick(s, d).null_array = true; }, {6, 4}, nmqStsNullPtr});
+                cases.push_back({"null array, zero width", [=](Img& s, Img& d) { pick(s, d).null_array = true; }, {0, 4}, nmqStsNullPtr});
+                for (int k = 0; k < 3; ++k) {
+                    cases.push_back({"null plane", [=](Img& s, Img& d) { pick(s, d).p[k] = nullptr; }, {6, 4}, nmqStsNullPtr});
+                    cases.push_back({"null plane, zero width", [=](Img& s, Img& d) { pick(s, d).p[k] = nullptr; }, {0, 4},
+                                     e.planes_first ? nmqStsNullPtr : nmqStsSize});
+                }
+            } else {
+                const int n = (l == L::NV || l == L::NVCrCb) ? 2 : 1;
+                for (int k = 0; k < n; ++k) {
+                    cases.push_back({"null pointer", [=](Img& s, Img& d) { pick(s, d).p[k] = nullptr; }, {6, 4}, nmqStsNullPtr});
+                    cases.push_back({"null pointer, zero height", [=](Img& s, Img& d) { pick(s, d).p[k] = nullptr; }, {6, 0},
+                                     nmqStsNullPtr});
+                }
+            }
+        }
+        for (const Case& c : cases) {
+            Img s = im.s, d = im.d;
+            c.spoil(s, d);
+            EXPECT_EQ(e.call(s, d, c.roi), c.want) << c.what;
+            EXPECT_TRUE(all_untouched(im.dst)) << c.what;
+        }
+    }
+}
+
+// Every shape, every level: status, values against the reference, nothing
+// written outside the ROI nor into kept bytes, and the same bytes as scalar.
+TEST(YCbCr, EveryExportMatchesReferenceAtEveryLevel) {
+    Rng rng(2024);
+    const auto shapes = sweep_shapes(1, 1, 300);
+    for (const Export& e : exports()) {
+        SCOPED_TRACE(e.name);
+        int k = 0;
+        for (const Shape& sh : shapes) {
+            SCOPED_TRACE(to_string(sh));
+            Images im = make(e, sh, rng, (k++ % 3) == 0);
+            std::vector<std::vector<uint8_t>> scalar;
+            for (nmq::Isa lv : isa_levels()) {
+                SCOPED_TRACE(isa_name(lv));
+                std::vector<Plane> out;  // fresh destinations holding the same bytes
+                Img d = im.d;
+                for (size_t i = 0; i < im.dst.size(); ++i) {
+                    out.emplace_back(im.dst[i].row_bytes, im.dst[i].rows, sh.pad, sh.misalign, 16);
+                    out.back().copy_from(im.dst[i]);
+                    d.p[i] = out.back().ptr();
+                }
+                NmqStatus st;
+                {
+                    nmq::IsaCap cap(lv);
+                    st = e.call(im.s, d, {sh.w, sh.h});
+                }
+                ASSERT_EQ(st, expected_status(e, sh.w, sh.h));
+                for (auto& p : out) ASSERT_TRUE(p.outside_untouched());
+                ASSERT_TRUE(kept_bytes(e, out, sh.w, sh.h));
+                ASSERT_EQ(check_values(e, im.src, out, sh.w, sh.h), "");
+                for (size_t i = 0; i < out.size(); ++i) {
+                    if (lv == nmq::Isa::Scalar) scalar.push_back(out[i].roi());
+                    else ASSERT_EQ(first_diff(scalar[i], out[i].roi(), out[i].row_bytes), "") << "plane " << i;
+                }
+            }
+        }
+    }
+}
