@@ -443,3 +443,36 @@ TEST(ReduceBits, ScratchFailuresReturnNoMemory) {
     EXPECT_EQ(nmqiReduceBits_8u1u_C1R(s, 4, d, 1, 0, {4, 1}, 0, 0, DitherKindStucki, 9), nmqStsNoMemory);
     nmq::test_fail_alloc_after(0);
 }
+
+// Float Floyd-Steinberg gathers the row above as (3*e[x+1] + 5*e[x]) + e[x-1].
+// Two levels (step 1, threshold 0.5): the top row's errors are its values
+// with what flows along the row; the second row's pixel 1 is placed so that
+// only this order of the sum carries it past 0.5.
+TEST(ReduceBits, FloatFloydSteinbergSumsCentreFirst) {
+    Rng rng(9);
+    int found = 0;
+    for (int attempt = 0; attempt < 2000 && found < 20; ++attempt) {
+        float top[3] = {rng.uniformf(0.01f, 0.2f), rng.uniformf(0.01f, 0.2f), rng.uniformf(0.01f, 0.2f)};
+        float e[3];
+        e[0] = top[0];
+        e[1] = top[1] + (0.0f + 7.0f * e[0]) * 0.0625f;
+        e[2] = top[2] + (0.0f + 7.0f * e[1]) * 0.0625f;
+        const float centreFirst = (3.0f * e[2] + 5.0f * e[1]) + e[0];
+        const float leftFirst = (3.0f * e[2] + e[0]) + 5.0f * e[1];
+        if (centreFirst == leftFirst) continue;
+        // The first value of the second row at which the two orders disagree.
+        float t = 0.5f - centreFirst * 0.0625f;
+        for (int i = 0; i < 8; ++i, t = std::nextafter(t, 1.0f)) {
+            const bool upC = 0.5f < t + (centreFirst + 0.0f) * 0.0625f;
+            const bool upL = 0.5f < t + (leftFirst + 0.0f) * 0.0625f;
+            if (upC == upL) continue;
+            const float s[6] = {top[0], top[1], top[2], -1.0f, t, -1.0f};
+            uint8_t d[6];
+            ASSERT_EQ(nmqiReduceBits_32f8u_C1R(s, 12, d, 3, {3, 2}, 0, DitherKindFloydSteinberg, 2), nmqStsOk);
+            EXPECT_EQ(d[4], upC ? 255 : 0) << attempt;
+            ++found;
+            break;
+        }
+    }
+    EXPECT_GE(found, 5);
+}
