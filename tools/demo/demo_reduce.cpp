@@ -1,12 +1,13 @@
 // Bit-depth reduction: the test image reduced to 2 and 4 levels per channel
-// with each dither kind, and to one bit per pixel from its green channel.
+// with each dither kind (none, Floyd-Steinberg, Jarvis-Judice-Ninke, Stucki,
+// Bayer), and to one bit per pixel from its green channel.
 #include <string>
 #include <vector>
 
 #include "demo.h"
 
 NMQ_DEMO(reduce) {
-    static const char* const kKinds[5] = {"none", "floyd_steinberg", "jarvis_judice_ninke", "stucki", "bayer"};
+    static const char* const kKinds[5] = {"none", "fs", "jjn", "stucki", "bayer"};
     const int w = ctx.rgb.w, h = ctx.rgb.h;
     for (int levels : {2, 4}) {
         for (int kind = 0; kind < 5; ++kind) {
@@ -14,7 +15,7 @@ NMQ_DEMO(reduce) {
             const NmqStatus st = nmqiReduceBits_8u_C3R(ctx.rgb.px.data(), ctx.rgb.step(), out.px.data(), out.step(),
                                                        ImageSize{w, h}, 0, kind, levels);
             const std::string name = "reduce_" + std::to_string(levels) + "_" + kKinds[kind];
-            ctx.report("nmqiReduceBits_8u_C3R " + std::to_string(levels) + " levels " + kKinds[kind], st,
+            ctx.report("nmqiReduceBits_8u_C3R " + std::to_string(levels) + "lv " + kKinds[kind], st,
                        out.px.data(), out.px.size(), name + ".png");
             ctx.save(name, out);
         }
