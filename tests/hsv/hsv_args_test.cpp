@@ -83,15 +83,3 @@ TEST(HsvArgs, NullPlanes) {
         }
     }
 }
-
-// Functions without a step check use any step: 0 converts the first row
-// again and again.
-TEST(HsvArgs, StepsUsedAsGiven) {
-    for (const Export& e : exports()) {
-        if (e.checks != Checks::PtrSize) continue;
-        Images im(e);
-        EXPECT_EQ(nmqStsOk, e.call(im.src.cptr.data(), 0, im.dst.ptr.data(), im.dst.step(), {4, 2})) << e.name;
-        for (int x = 0; x < 4; ++x)
-            for (int k = 0; k < 3; ++k) EXPECT_EQ(im.dst.get(k, x, 0), im.dst.get(k, x, 1)) << e.name;
-    }
-}

@@ -69,12 +69,14 @@ struct SideImage {
         for (auto& p : planes) p.snapshot();
     }
     double pick(nmqt::Rng& rng) {
+        static const double u8[] = {0, 1, 127, 128, 254, 255}, u16[] = {0, 1, 32767, 32768, 65534, 65535};
+        static const double f32[] = {0, 0.25, 0.5, 0.75, 0.999, 0.5};
         const int a = rng.uniform(0, 7);
         switch (type) {
-            case Type::u8: { const int v[] = {0, 1, 127, 128, 254, 255}; return a < 6 ? v[a] : rng.uniform(0, 255); }
-            case Type::u16: { const int v[] = {0, 1, 32767, 32768, 65534, 65535}; return a < 6 ? v[a] : rng.uniform(0, 65535); }
-            case Type::s16: { const int v[] = {-32768, -32767, -1, 0, 32766, 32767}; return a < 6 ? v[a] : rng.uniform(-32768, 32767); }
-            default: { const float v[] = {0.0f, 0.25f, 0.5f, 0.75f, 0.999f, 0.5f}; return a < 6 ? v[a] : rng.uniformf(0.0f, 1.0f); }
+            case Type::u8: return a < 6 ? u8[a] : rng.uniform(0, 255);
+            case Type::u16: return a < 6 ? u16[a] : rng.uniform(0, 65535);
+            case Type::s16: return (a < 6 ? u16[a] : rng.uniform(0, 65535)) - 32768;
+            default: return a < 6 ? f32[a] : rng.uniformf(0.0f, 1.0f);
         }
     }
     void copy_from(const SideImage& o) {

@@ -1,7 +1,8 @@
 // Every export on every sweep shape: the SIMD levels give the scalar bytes,
 // nothing outside the ROI (nor a kept alpha sample) is written, sources are
 // read only inside their ROI, and each layout gives the same samples as the
-// RGB-order pixel form of the same conversion, with alpha copied or kept.
+// RGB-order pixel form of the same conversion, with alpha copied or kept
+// (16s: the 16u form on the values offset by 32768).
 #include "hsv/hsv_image.h"
 
 using namespace hsvt;
@@ -10,8 +11,9 @@ using nmqt::Shape;
 namespace {
 
 const Export& base_of(const Export& e) {
+    const Type t = e.type == Type::s16 ? Type::u16 : e.type;
     for (const Export& b : exports())
-        if (b.type == e.type && b.conv == e.conv && !b.bgr && b.src.ch == 3 && b.dst.ch == 3 && b.src.planes == 1 &&
+        if (b.type == t && b.conv == e.conv && !b.bgr && b.src.ch == 3 && b.dst.ch == 3 && b.src.planes == 1 &&
             b.dst.planes == 1)
             return b;
     throw std::logic_error(e.name);
@@ -22,10 +24,10 @@ NmqStatus run(const Export& e, SideImage& src, SideImage& dst, ImageSize roi) {
 }
 
 // The samples of `from` rearranged into a pixel-order RGB image of 3 samples.
-void to_base(const Export& e, SideImage& from, SideImage& to, bool colour_side) {
+void to_base(const Export& e, SideImage& from, SideImage& to, bool colour_side, double offset) {
     for (int y = 0; y < from.h(); ++y)
         for (int x = 0; x < from.w(); ++x)
-            for (int m = 0; m < 3; ++m) to.set(m, x, y, from.get(slot(m, colour_side && e.bgr), x, y));
+            for (int m = 0; m < 3; ++m) to.set(m, x, y, from.get(slot(m, colour_side && e.bgr), x, y) + offset);
 }
 
 void check_export(const Export& e, const Shape& sh, int index) {
@@ -61,12 +63,13 @@ void check_export(const Export& e, const Shape& sh, int index) {
     SideImage bsrc(b.src, b.type, sh, 0), bdst(b.dst, b.type, sh, 0);
     bsrc.fill(rng);
     bdst.fill(rng);
-    to_base(e, src, bsrc, e.forward());
+    const double offset = e.type == Type::s16 ? 32768 : 0;
+    to_base(e, src, bsrc, e.forward(), offset);
     ASSERT_EQ(nmqStsOk, run(b, bsrc, bdst, roi));
     for (int y = 0; y < sh.h; ++y)
         for (int x = 0; x < sh.w; ++x) {
             for (int m = 0; m < 3; ++m)
-                ASSERT_EQ(bdst.get(m, x, y), ref.get(slot(m, !e.forward() && e.bgr), x, y))
+                ASSERT_EQ(bdst.get(m, x, y), ref.get(slot(m, !e.forward() && e.bgr), x, y) + offset)
                     << "pixel " << x << "," << y << " sample " << m;
             if (e.writes_alpha) {
                 ASSERT_EQ(src.get(3, x, y), ref.get(3, x, y)) << "alpha " << x << "," << y;

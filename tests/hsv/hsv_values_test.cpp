@@ -1,7 +1,6 @@
 // The arithmetic, checked without the library's kernels: hand-computed
 // values that pin a rounding, a threshold or a tie rule; gray pixels in every
-// type; the relation between 16s and 16u; agreement with the textbook
-// formulas in double precision; round trips.
+// type; agreement with the textbook formulas in double precision.
 #include <emmintrin.h>
 
 #include <array>
@@ -42,38 +41,26 @@ struct Value {
 const Value kValues[] = {
     {"nmqiRGBToHSV_16u_C3R", {65535, 0, 0}, {0, 65535, 65535}, "red"},
     {"nmqiRGBToHSV_16u_C3R", {0, 0, 65535}, {43690, 65535, 65535}, "blue: 4 x 65535 / 6 + 0.5 truncated"},
-    {"nmqiRGBToHSV_16u_C3R", {0, 65535, 0}, {21845, 65535, 65535}, "green"},
     {"nmqiRGBToHSV_16u_C3R", {65535, 65535, 0}, {10923, 65535, 65535}, "R = G: green's formula"},
     {"nmqiRGBToHSV_16u_C3R", {0, 65535, 65535}, {32768, 65535, 65535}, "G = B: blue's formula"},
     {"nmqiRGBToHSV_16u_C3R", {65535, 0, 1}, {65535, 65535, 65535}, "hue just below 0 wraps"},
-    {"nmqiRGBToHSV_16u_C3R", {40000, 30000, 20000}, {5461, 32768, 40000}, "S rounds half up"},
-    {"nmqiRGBToHSV_16u_C3R", {3, 1, 2}, {60074, 43690, 3}, "small values"},
     {"nmqiHSVToRGB_16u_C3R", {0, 65535, 65535}, {65535, 0, 0}, "red"},
     {"nmqiHSVToRGB_16u_C3R", {43690, 65535, 65535}, {0, 0, 65535}, "blue"},
-    {"nmqiHSVToRGB_16u_C3R", {5461, 65535, 65535}, {65535, 32766, 0}, "sextant 0"},
     {"nmqiHSVToRGB_16u_C3R", {30000, 40000, 50000}, {19482, 50000, 42267}, "sextant 2"},
-    {"nmqiHSVToRGB_16u_C3R", {65535, 30000, 50000}, {50000, 27111, 27111}, "H = 65535 is H = 0"},
     {"nmqiHSVToRGB_8u_C3R", {0, 255, 255}, {255, 0, 0}, "red"},
     {"nmqiHSVToRGB_8u_C3R", {21, 255, 255}, {255, 126, 0}, "sextant 0, f = 0.494"},
-    {"nmqiHSVToRGB_8u_C3R", {85, 255, 255}, {0, 255, 0}, "green"},
     {"nmqiHSVToRGB_8u_C3R", {170, 255, 255}, {0, 0, 255}, "blue"},
     {"nmqiHSVToRGB_8u_C3R", {255, 255, 255}, {255, 0, 0}, "H = 255 is H = 0"},
     {"nmqiHSVToRGB_8u_C3R", {100, 200, 150}, {32, 150, 74}, "sextant 2"},
-    {"nmqiHSVToRGB_8u_C3R", {200, 100, 50}, {44, 30, 50}, "sextant 4"},
     {"nmqiHLSToRGB_8u_C3R", {0, 128, 255}, {254, 1, 1}, "L > 0.5, channels truncated"},
-    {"nmqiHLSToRGB_8u_C3R", {0, 127, 255}, {254, 0, 0}, "L <= 0.5"},
     {"nmqiHLSToRGB_8u_C3R", {21, 100, 200}, {178, 99, 21}, "rising edge of G"},
-    {"nmqiHLSToRGB_8u_C3R", {200, 60, 30}, {62, 52, 67}, "falling edge of R"},
-    {"nmqiHLSToRGB_8u_C3R", {128, 200, 100}, {178, 221, 221}, "cyan side"},
     {"nmqiHLSToRGB_16u_C3R", {0, 32768, 65535}, {65535, 0, 0}, "red"},
-    {"nmqiHLSToRGB_16u_C3R", {10923, 40000, 30000}, {51688, 51689, 28310}, "yellow side"},
     {"nmqiHLSToRGB_16u_C3R", {43690, 20000, 65535}, {0, 0, 40000}, "blue"},
     {"nmqiHLSToRGB_32f_C3R", {0, 0.5, 1}, {1, 0, 0}, "red at L = 0.5"},
     {"nmqiHLSToRGB_32f_C3R", {0.5, 0.25, 1}, {0, 0.5, 0.5}, "cyan"},
     // Forward 8u values away from the estimate's last bits.
     {"nmqiRGBToHLS_8u_C3R", {255, 255, 255}, {0, 255, 0}, "white"},
     {"nmqiRGBToHLS_8u_C3R", {20, 20, 200}, {170, 110, 208}, "blue: 240 x 0.7083333 is 170 in float"},
-    {"nmqiRGBToHLS_8u_C3R", {20, 200, 20}, {85, 110, 208}, "green"},
     {"nmqiRGBToHLS_8u_C3R", {200, 120, 20}, {23, 110, 208}, "H = 23.6 truncated"},
     {"nmqiRGBToHLS_8u_C3R", {200, 100, 100}, {0, 150, 121}, "L above 127.5: S over 510 - sum"},
     {"nmqiRGBToHLS_8u_C3R", {100, 40, 40}, {0, 70, 109}, "L below 127.5: S over the sum"},
@@ -84,7 +71,6 @@ const Value kValues[] = {
     {"nmqiRGBToHSV_8u_C3R", {255, 128, 0}, {21, 255, 255}, "orange"},
     {"nmqiRGBToHLS_32f_C3R", {0.6, 0.2, 0.2}, {0, 0.4, 0.5}, "L <= 0.5: S = d / (m + V)"},
     {"nmqiRGBToHLS_32f_C3R", {0.8, 0.4, 0.4}, {0, 0.6, 0.5}, "L > 0.5: S = d / (2 - m - V)"},
-    {"nmqiRGBToHLS_32f_C3R", {0.2, 0.6, 0.2}, {1 / 3.0, 0.4, 0.5}, "green"},
     {"nmqiRGBToHLS_32f_C3R", {0.6, 0.2, 0.6}, {5 / 6.0, 0.4, 0.5}, "R = B: red's formula, negative hue"},
     {"nmqiRGBToHLS_32f_C3R", {1, 1 - 0x1p-23, 1 - 0x1p-23}, {0, 1 - 0x1p-24, 0}, "d = 2^-23: achromatic"},
     {"nmqiRGBToHLS_32f_C3R", {1, 1 - 0x1p-22, 1 - 0x1p-22}, {0, 1 - 0x1p-23, 1}, "d = 2^-22: S = 1"},
@@ -169,24 +155,6 @@ TEST(HsvValues, TiesDependOnTheColumn) {
     EXPECT_GT(differ, 0) << "no level where the two rules round apart: the test shows nothing on this CPU";
 }
 
-// 16s is 16u on the value offset by 32768, in and out.
-TEST(HsvValues, SignedIsOffsetUnsigned) {
-    const std::pair<const char*, const char*> pairs[] = {{"nmqiRGBToHLS_16s_C3R", "nmqiRGBToHLS_16u_C3R"},
-                                                         {"nmqiHLSToRGB_16s_AC4R", "nmqiHLSToRGB_16u_AC4R"}};
-    nmqt::Rng rng(5);
-    for (auto [s16, u16] : pairs) {
-        std::vector<Px3> in(300), shifted(300);
-        for (size_t i = 0; i < in.size(); ++i)
-            for (size_t m = 0; m < 3; ++m) {
-                in[i][m] = rng.uniform(-32768, 32767);
-                shifted[i][m] = in[i][m] + 32768;
-            }
-        const std::vector<Px3> a = convert(s16, in), b = convert(u16, shifted);
-        for (size_t i = 0; i < in.size(); ++i)
-            for (size_t m = 0; m < 3; ++m) ASSERT_EQ(a[i][m] + 32768, b[i][m]) << s16 << " pixel " << i;
-    }
-}
-
 namespace {
 
 double circ(double a, double b, double period) {
@@ -223,47 +191,30 @@ Px3 ideal_rgb(double hdeg, double c, double lo) {
 TEST(HsvValues, CloseToTheTextbook) {
     for (const Export& e : exports()) {
         if (e.bgr || e.src.ch != 3 || e.type == Type::s16) continue;
-        const double top = e.type == Type::u8 ? 255 : e.type == Type::u16 ? 65535 : 1;
-        // Hue, saturation/lightness and RGB tolerances in units of the type.
+        const bool hls = e.conv == Conv::ToHls || e.conv == Conv::FromHls, f32 = e.type == Type::f32;
+        const double top = e.type == Type::u8 ? 255 : e.type == Type::u16 ? 65535 : 1, htop = f32 ? 1 : top;
         const double tol = (e.type == Type::u8 ? 1 : e.type == Type::u16 ? 2 : 1e-5) + 1e-6;
         const double tol_rgb = e.type == Type::u8 ? 2 : e.type == Type::u16 ? 3 : 1e-5;
-        const bool hls = e.conv == Conv::ToHls || e.conv == Conv::FromHls;
         nmqt::Rng rng(11);
-        const nmqt::Shape sh{97, 3, 0, 0};
-        SideImage pick(e.src, e.type, sh, 0);
-        std::vector<Px3> in;
-        for (int i = 0; i < 500; ++i) {
-            Px3 p;
-            for (double& v : p) v = pick.pick(rng);
-            in.push_back(p);
-        }
+        SideImage gen(e.src, e.type, {1, 1, 0, 0}, 0);
+        std::vector<Px3> in(500);
+        for (Px3& p : in)
+            for (double& v : p) v = gen.pick(rng);
         const std::vector<Px3> out = convert(e.name, in);
         for (size_t i = 0; i < in.size(); ++i) {
-            const Px3& p = in[i];
-            const Px3& o = out[i];
-            SCOPED_TRACE(std::string(e.name) + " pixel " + std::to_string(p[0]) + "," + std::to_string(p[1]) + "," +
-                         std::to_string(p[2]));
+            const Px3 &p = in[i], &o = out[i];
+            const double a = p[0] / top, b = p[1] / top, c = p[2] / top;
+            SCOPED_TRACE(std::string(e.name) + " pixel " + std::to_string(i));
             if (e.forward()) {
-                const Px3 w = hls ? ideal_hls(p[0] / top, p[1] / top, p[2] / top) : ideal_hsv(p[0] / top, p[1] / top,
-                                                                                          p[2] / top);
-                const double hue_top = e.type == Type::f32 ? 1 : top;
-                if (w[hls ? 2 : 1] > 0) {
-                    EXPECT_LE(circ(o[0], w[0] / 360 * hue_top, hue_top), tol);
-                }
+                const Px3 w = hls ? ideal_hls(a, b, c) : ideal_hsv(a, b, c);
+                EXPECT_LE(w[hls ? 2 : 1] > 0 ? circ(o[0], w[0] / 360 * htop, htop) : 0.0, tol);  // no hue when gray
                 EXPECT_NEAR(o[1], w[1] * top, tol);
                 EXPECT_NEAR(o[2], w[2] * top, tol);
-            } else {
-                const double h = p[0] / (e.type == Type::f32 ? 1 : top) * 360;
-                Px3 w;
-                if (hls) {
-                    const double l = p[1] / top, s = p[2] / top, c = (1 - std::fabs(2 * l - 1)) * s;
-                    w = ideal_rgb(h, c, l - c / 2);
-                } else {
-                    const double s = p[1] / top, v = p[2] / top;
-                    w = ideal_rgb(h, v * s, v - v * s);
-                }
-                for (int m = 0; m < 3; ++m) EXPECT_NEAR(o[m], w[m] * top, tol_rgb) << "sample " << m;
+                continue;
             }
+            const double h = p[0] / htop * 360, ch = hls ? (1 - std::fabs(2 * b - 1)) * c : b * c;
+            const Px3 w = ideal_rgb(h, ch, hls ? b - ch / 2 : c - ch);
+            for (int m = 0; m < 3; ++m) EXPECT_NEAR(o[m], w[m] * top, tol_rgb) << "sample " << m;
         }
     }
 }
