@@ -17,7 +17,9 @@
  * of the previous one), or ordered 4x4 Bayer dithering. A `noise` percentage
  * above 0 randomises the error-diffusion threshold or the Bayer threshold with
  * a fixed sequence, so equal calls give equal results. C4 reduces all four
- * channels; AC4 never writes the destination's alpha elements.
+ * channels; AC4 never writes the destination's alpha elements. Results
+ * saturate to the destination's range (float input beyond 0..1, noise at the
+ * top level).
  *
  * Checks, in order: null pointer nmqStsNullPtr; width or height below 1
  * nmqStsSize; noise outside 0..100 nmqStsNoiseRange; levels outside 2..256
