@@ -121,7 +121,9 @@ NMQ_API const NmqLibVersion* nmqccGetLibVersion(void);
 #include "nmqcc/tonemap.h"
 #include "nmqcc/reduce.h"
 #include "nmqcc/bayer.h"
-#include "nmqcc/extra.h"
+#include "nmqcc/luvlab.h"
+#include "nmqcc/interlace.h"
+#include "nmqcc/ahd.h"
 
 #ifdef __cplusplus
 }
