@@ -25,6 +25,15 @@
  * chroma plane's step is width/2 + (width & 1), an interleaved RGB image's
  * step is 3 x width.
  *
+ * Results are exact to the bit. The interleaved 4:4:4 forms (nmqiRGBToYUV_8u_C3R
+ * and _C3P3R, nmqiYUVToRGB_8u_C3R and _P3C3R) and nmqiYUV422ToRGB_8u_P3R
+ * compute each full run of 16 pixels from the start of a row at the
+ * precision of 16-bit lanes (RGB to YUV: chroma at scale 2^15, rounded; YUV
+ * to RGB: each chroma term floored at scale 2^13) and the remaining pixels
+ * of the row per pixel at scale 2^16. nmqiYUV422ToRGB_8u_P3 treats an image
+ * of at least 256 pixels with an even width as one long row. The AC4 inverse
+ * truncates G; nmqiYUVToRGB_8u_P3R truncates all three channels.
+ *
  * AC4 destinations keep their alpha bytes; nmqiYUVToRGB_8u_C3C4R writes aval
  * into every alpha byte; nmqiRGBToYUV_8u_AC4P4R copies the source alpha into
  * the fourth plane; nmqiBGRToYUV420_8u_AC4P3R ignores the source alpha.
