@@ -124,8 +124,9 @@ struct Packed {
                 _mm_and_si128(px, _mm_set_epi32(0, 0xFFFFFF, 0, 0xFFFFFF)),
                 _mm_and_si128(_mm_srli_epi64(px, 8),
                               _mm_set_epi32(0xFFFF, int(0xFF000000), 0xFFFF, int(0xFF000000))));
-            const __m128i c = _mm_or_si128(_mm_and_si128(t, _mm_set_epi32(0, 0, 0xFFFF, -1)),
-                                           _mm_and_si128(_mm_srli_si128(t, 2), _mm_set_epi32(0, -1, int(0xFFFF0000), 0)));
+            const __m128i lo6 = _mm_and_si128(t, _mm_set_epi32(0, 0, 0xFFFF, -1));
+            const __m128i hi6 = _mm_and_si128(_mm_srli_si128(t, 2), _mm_set_epi32(0, -1, int(0xFFFF0000), 0));
+            const __m128i c = _mm_or_si128(lo6, hi6);
             _mm_storel_epi64(reinterpret_cast<__m128i*>(p), c);
             store_u32(p + 8, uint32_t(_mm_cvtsi128_si32(_mm_srli_si128(c, 8))));
         }

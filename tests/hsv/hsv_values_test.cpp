@@ -104,7 +104,8 @@ TEST(HsvValues, GrayInEveryType) {
         const bool hls = e.conv == Conv::ToHls || e.conv == Conv::FromHls;
         std::vector<Px3> in;
         for (double t : {0.0, 1.0 / 255, 0.5, 0.75, 1.0}) {
-            const double g = e.type == Type::f32 ? double(float(t)) : std::floor(lo + t * (hi - lo)), h = lo + (hi - lo) * 0.3;
+            const double g = e.type == Type::f32 ? double(float(t)) : std::floor(lo + t * (hi - lo));
+            const double h = lo + (hi - lo) * 0.3;
             in.push_back(e.forward() ? Px3{g, g, g} : hls ? Px3{h, g, lo} : Px3{h, lo, g});
         }
         const std::vector<Px3> out = convert(e.name, in);
