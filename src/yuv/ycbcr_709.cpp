@@ -57,7 +57,7 @@ NmqStatus csc444_to_bgr(const Nmq8u* const src[3], int srcStep, Nmq8u* dst, int 
     if (bad_size(roi)) return nmqStsSize;
     if (null3(reinterpret_cast<const void* const*>(src))) return nmqStsNullPtr;
     each_row(roi, y444_planes_in(src, srcStep), PixOut{dst, dstStep, true, DS, DS == 4},
-             pick<Inv444Fn>(inv444_row<Inv709Csc>, s2::inv444p<Inv709Csc, true, DS>));
+             pick<Inv444Fn>(inv444_row<Inv709Csc>, s2::inv444<Inv709Csc, 1, true, DS>));
     return nmqStsOk;
 }
 

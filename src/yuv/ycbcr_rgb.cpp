@@ -21,14 +21,20 @@ template <Order O, bool Bgr, int DS>
 Inv422Fn inv422k() { return pick<Inv422Fn>(inv422_row<Inv601Sub>, s2::inv422<Inv601Sub, O, Bgr, DS>); }
 template <bool Bgr, int DS>
 Inv420Fn inv420k() { return pick<Inv420Fn>(inv420_rows<Inv601Sub>, s2::inv420<Inv601Sub, Bgr, DS>); }
-template <bool Bgr, int DS>
-Inv444Fn inv444k() { return pick<Inv444Fn>(inv444_row<Inv601Full>, s2::inv444p<Inv601Full, Bgr, DS>); }
+template <int SS, bool Bgr, int DS>
+Inv444Fn inv444k() { return pick<Inv444Fn>(inv444_row<Inv601Full>, s2::inv444<Inv601Full, SS, Bgr, DS>); }
+template <int SS, int DS>
+Fwd444Fn fwd444k() { return pick<Fwd444Fn>(fwd444_row<Fwd601, RgbIn>, s2::fwd444<Fwd601, false, SS, DS>); }
 
 bool null3(const void* const* p) { return !p[0] || !p[1] || !p[2]; }
 
-// RGB/BGR (s bytes per pixel) to full-sampled YCbCr.
-NmqStatus to444(const Nmq8u* src, int ss, Y444Out dst, ImageSize roi, int step) {
-    each_row(roi, PixIn{src, step, false, ss}, dst, fwd444_row<Fwd601, RgbIn>);
+// Interleaved RGB (SS bytes per pixel) to full-sampled YCbCr, interleaved in
+// DS bytes per pixel or planes (DS 1). An AC4 destination keeps its alpha, so
+// it has no vector form (a vector store would rewrite the alpha bytes).
+template <int SS, int DS>
+NmqStatus to444(const Nmq8u* src, int step, Y444Out dst, ImageSize roi) {
+    const Fwd444Fn k = DS == 4 ? fwd444_row<Fwd601, RgbIn> : fwd444k<SS, DS == 4 ? 3 : DS>();
+    each_row(roi, PixIn{src, step, false, SS}, dst, k);
     return nmqStsOk;
 }
 
@@ -72,7 +78,7 @@ NmqStatus from422c2_planes(const Nmq8u* src, int srcStep, Nmq8u* const dst[3], i
     if (any_null(src, dst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
     if (null3(reinterpret_cast<const void* const*>(dst))) return nmqStsNullPtr;
-    each_row(roi, Y422PackedIn{src, srcStep, O}, PlanesOut{dst, dstStep}, inv422_row<Inv601Sub>);
+    each_row(roi, Y422PackedIn{src, srcStep, O}, PlanesOut{dst, dstStep}, inv422k<O, kRgb, 1>());
     return nmqStsOk;
 }
 // 4:2:2 planes to interleaved RGB/BGR.
@@ -81,7 +87,8 @@ NmqStatus from422p3(const Nmq8u* const src[3], const int srcStep[3], Nmq8u* dst,
     if (any_null(src, dst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
     if (null3(reinterpret_cast<const void* const*>(src))) return nmqStsNullPtr;
-    each_row(roi, Y422PlanesIn{src, srcStep}, PixOut{dst, dstStep, Bgr, 3, false}, inv422_row<Inv601Sub>);
+    each_row(roi, Y422PlanesIn{src, srcStep}, PixOut{dst, dstStep, Bgr, 3, false},
+             pick<Inv422Fn>(inv422_row<Inv601Sub>, s2::inv422p<Inv601Sub, Bgr, 3>));
     return nmqStsOk;
 }
 // Packed 16-bit BGR to 4:2:2, packed or planar.
@@ -178,7 +185,7 @@ NmqStatus from444p3(const Nmq8u* const src[3], int srcStep, Nmq8u* dst, int dstS
     if (any_null(src, dst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
     if (null3(reinterpret_cast<const void* const*>(src))) return nmqStsNullPtr;
-    each_row(roi, y444_planes_in(src, srcStep), PixOut{dst, dstStep, Bgr, DS, DS == 4}, inv444k<Bgr, DS>());
+    each_row(roi, y444_planes_in(src, srcStep), PixOut{dst, dstStep, Bgr, DS, DS == 4}, inv444k<1, Bgr, DS>());
     return nmqStsOk;
 }
 
@@ -189,12 +196,12 @@ NmqStatus from444p3(const Nmq8u* const src[3], int srcStep, Nmq8u* dst, int dstS
 NMQ_EXPORT NmqStatus nmqiRGBToYCbCr_8u_C3R(const Nmq8u* pSrc, int srcStep, Nmq8u* pDst, int dstStep, ImageSize roi) {
     if (any_null(pSrc, pDst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    return to444(pSrc, 3, y444_pix(pDst, dstStep, 3), roi, srcStep);
+    return to444<3, 3>(pSrc, srcStep, y444_pix(pDst, dstStep, 3), roi);
 }
 NMQ_EXPORT NmqStatus nmqiRGBToYCbCr_8u_AC4R(const Nmq8u* pSrc, int srcStep, Nmq8u* pDst, int dstStep, ImageSize roi) {
     if (any_null(pSrc, pDst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    return to444(pSrc, 4, y444_pix(pDst, dstStep, 4), roi, srcStep);
+    return to444<4, 4>(pSrc, srcStep, y444_pix(pDst, dstStep, 4), roi);
 }
 NMQ_EXPORT NmqStatus nmqiRGBToYCbCr_8u_P3R(const Nmq8u* const pSrc[3], int srcStep, Nmq8u* const pDst[3], int dstStep,
                                            ImageSize roi) {
@@ -202,7 +209,7 @@ NMQ_EXPORT NmqStatus nmqiRGBToYCbCr_8u_P3R(const Nmq8u* const pSrc[3], int srcSt
     if (bad_size(roi)) return nmqStsSize;
     if (null3(reinterpret_cast<const void* const*>(pSrc)) || null3(reinterpret_cast<const void* const*>(pDst)))
         return nmqStsNullPtr;
-    each_row(roi, PlanesIn{pSrc, srcStep}, y444_planes(pDst, dstStep), fwd444_row<Fwd601, RgbIn>);
+    each_row(roi, PlanesIn{pSrc, srcStep}, y444_planes(pDst, dstStep), fwd444k<1, 1>());
     return nmqStsOk;
 }
 // These two test their planes together with the image pointers, before the size.
@@ -210,18 +217,18 @@ NMQ_EXPORT NmqStatus nmqiRGBToYCbCr_8u_C3P3R(const Nmq8u* pSrc, int srcStep, Nmq
                                              ImageSize roi) {
     if (any_null(pSrc, pDst) || null3(reinterpret_cast<const void* const*>(pDst))) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    return to444(pSrc, 3, y444_planes(pDst, dstStep), roi, srcStep);
+    return to444<3, 1>(pSrc, srcStep, y444_planes(pDst, dstStep), roi);
 }
 NMQ_EXPORT NmqStatus nmqiRGBToYCbCr_8u_AC4P3R(const Nmq8u* pSrc, int srcStep, Nmq8u* const pDst[3], int dstStep,
                                               ImageSize roi) {
     if (any_null(pSrc, pDst) || null3(reinterpret_cast<const void* const*>(pDst))) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    return to444(pSrc, 4, y444_planes(pDst, dstStep), roi, srcStep);
+    return to444<4, 1>(pSrc, srcStep, y444_planes(pDst, dstStep), roi);
 }
 NMQ_EXPORT NmqStatus nmqiYCbCrToRGB_8u_C3R(const Nmq8u* pSrc, int srcStep, Nmq8u* pDst, int dstStep, ImageSize roi) {
     if (any_null(pSrc, pDst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    each_row(roi, y444_pix_in(pSrc, srcStep, 3), PixOut{pDst, dstStep, kRgb, 3, false}, inv444_row<Inv601Full>);
+    each_row(roi, y444_pix_in(pSrc, srcStep, 3), PixOut{pDst, dstStep, kRgb, 3, false}, inv444k<3, kRgb, 3>());
     return nmqStsOk;
 }
 NMQ_EXPORT NmqStatus nmqiYCbCrToRGB_8u_AC4R(const Nmq8u* pSrc, int srcStep, Nmq8u* pDst, int dstStep, ImageSize roi) {
@@ -236,7 +243,7 @@ NMQ_EXPORT NmqStatus nmqiYCbCrToRGB_8u_P3R(const Nmq8u* const pSrc[3], int srcSt
     if (bad_size(roi)) return nmqStsSize;
     if (null3(reinterpret_cast<const void* const*>(pSrc)) || null3(reinterpret_cast<const void* const*>(pDst)))
         return nmqStsNullPtr;
-    each_row(roi, y444_planes_in(pSrc, srcStep), PlanesOut{pDst, dstStep}, inv444_row<Inv601Full>);
+    each_row(roi, y444_planes_in(pSrc, srcStep), PlanesOut{pDst, dstStep}, inv444k<1, kRgb, 1>());
     return nmqStsOk;
 }
 NMQ_EXPORT NmqStatus nmqiYCbCrToRGB_8u_P3C3R(const Nmq8u* const pSrc[3], int srcStep, Nmq8u* pDst, int dstStep, ImageSize roi) {

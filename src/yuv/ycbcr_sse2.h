@@ -80,9 +80,16 @@ inline void load8(const RgbIn& in, ptrdiff_t x, __m128i& R, __m128i& G, __m128i&
     }
 }
 
-// 16 pixels of R, G, B bytes to an interleaved row (DS = 3, or 4 with alpha 0xFF).
+// 16 pixels of R, G, B bytes to an interleaved row (DS = 3, or 4 with alpha
+// 0xFF) or to planes (DS = 1).
 template <bool Bgr, int DS>
 inline void store16(const RgbOut& o, ptrdiff_t x, __m128i R, __m128i G, __m128i B) {
+    if constexpr (DS == 1) {  // planes: the pointers say which is which
+        st(o.r + x, R);
+        st(o.g + x, G);
+        st(o.b + x, B);
+        return;
+    }
     if constexpr (Bgr) {
         const __m128i t = R;
         R = B;
@@ -142,6 +149,43 @@ inline __m128i bytes8(__m128i a, __m128i b) {
     __m128i v = _mm_packs_epi32(a, b);
     if constexpr (!F::clamp) v = _mm_and_si128(v, _mm_set1_epi16(0xFF));
     return _mm_packus_epi16(v, _mm_setzero_si128());
+}
+
+// Chroma of 8 single pixels (16-bit lanes, before the wrap or clamp).
+template <class F>
+inline __m128i chroma8(__m128i R, __m128i G, __m128i B, int wr, int wg, int wb) {
+    const __m128i wrg = pair16(wr, wg), wbb = pair16(wb, 0), z = _mm_setzero_si128(), K = _mm_set1_epi32(F::ck);
+    const __m128i l = _mm_add_epi32(_mm_add_epi32(_mm_madd_epi16(_mm_unpacklo_epi16(R, G), wrg),
+                                                  _mm_madd_epi16(_mm_unpacklo_epi16(B, z), wbb)), K);
+    const __m128i h = _mm_add_epi32(_mm_add_epi32(_mm_madd_epi16(_mm_unpackhi_epi16(R, G), wrg),
+                                                  _mm_madd_epi16(_mm_unpackhi_epi16(B, z), wbb)), K);
+    return _mm_packs_epi32(_mm_srai_epi32(l, F::S), _mm_srai_epi32(h, F::S));
+}
+template <class F>
+inline __m128i bytes16(__m128i a, __m128i b) {
+    if constexpr (!F::clamp) {
+        const __m128i m = _mm_set1_epi16(0xFF);
+        a = _mm_and_si128(a, m);
+        b = _mm_and_si128(b, m);
+    }
+    return _mm_packus_epi16(a, b);
+}
+
+// Full-sampled from RGB to interleaved Y,Cb,Cr (DS 3) or planes (DS 1).
+template <class F, bool Bgr, int SS, int DS>
+void fwd444(const RgbIn& in, const Ycc444& o, int x0, int w) {
+    const __m128i K = _mm_set1_epi32(F::yk);
+    ptrdiff_t x = x0;
+    for (; x + 16 <= w; x += 16) {
+        __m128i R0, G0, B0, R1, G1, B1;
+        load8<Bgr, SS>(in, x, R0, G0, B0);
+        load8<Bgr, SS>(in, x + 8, R1, G1, B1);
+        const __m128i Y = _mm_packus_epi16(luma8<F>(R0, G0, B0, K), luma8<F>(R1, G1, B1, K));
+        const __m128i Cb = bytes16<F>(chroma8<F>(R0, G0, B0, F::br, F::bg, F::bb), chroma8<F>(R1, G1, B1, F::br, F::bg, F::bb));
+        const __m128i Cr = bytes16<F>(chroma8<F>(R0, G0, B0, F::rr, F::rg, F::rb), chroma8<F>(R1, G1, B1, F::rr, F::rg, F::rb));
+        store16<false, DS>(RgbOut{o.y, o.cb, o.cr, nullptr, DS}, x, Y, Cb, Cr);
+    }
+    fwd444_row<F>(in, o, int(x), w);
 }
 
 // 4:2:2 from RGB. D: 0..2 packed in the byte order of Order, 3 planes.
@@ -313,17 +357,33 @@ void inv422(const Ycc422In& in, const RgbOut& o, int x0, int w) {
     inv422_row<I>(in, o, int(x), w);
 }
 
-// Full-sampled planes to interleaved RGB.
+// Full-sampled, interleaved (SS 3) or planes (SS 1), to RGB/BGR.
+template <class I, int SS, bool Bgr, int DS>
+void inv444(const Ycc444In& in, const RgbOut& o, int x0, int w) {
+    const RgbIn v{in.y, in.cb, in.cr, SS};
+    ptrdiff_t x = x0;
+    for (; x + 16 <= w; x += 16) {
+        __m128i Y0, Cb0, Cr0, Y1, Cb1, Cr1, R0, G0, B0, R1, G1, B1;
+        load8<false, SS>(v, x, Y0, Cb0, Cr0);
+        load8<false, SS>(v, x + 8, Y1, Cb1, Cr1);
+        InvCore<I>::run(Y0, Cb0, Cr0, R0, G0, B0);
+        InvCore<I>::run(Y1, Cb1, Cr1, R1, G1, B1);
+        store16<Bgr, DS>(o, x, _mm_packus_epi16(R0, R1), _mm_packus_epi16(G0, G1), _mm_packus_epi16(B0, B1));
+    }
+    inv444_row<I>(in, o, int(x), w);
+}
+
+// 4:2:2 planes to RGB/BGR.
 template <class I, bool Bgr, int DS>
-void inv444p(const Ycc444In& in, const RgbOut& o, int x0, int w) {
+void inv422p(const Ycc422In& in, const RgbOut& o, int x0, int w) {
     const __m128i z = _mm_setzero_si128();
     ptrdiff_t x = x0;
     for (; x + 16 <= w; x += 16) {
-        const __m128i cb = ld(in.cb + x), cr = ld(in.cr + x);
-        inv16<I, Bgr, DS>(o, x, ld(in.y + x), _mm_unpacklo_epi8(cb, z), _mm_unpackhi_epi8(cb, z),
-                          _mm_unpacklo_epi8(cr, z), _mm_unpackhi_epi8(cr, z));
+        const __m128i cb = _mm_unpacklo_epi8(ld8(in.cb + x / 2), z), cr = _mm_unpacklo_epi8(ld8(in.cr + x / 2), z);
+        inv16<I, Bgr, DS>(o, x, ld(in.y + x), _mm_unpacklo_epi16(cb, cb), _mm_unpackhi_epi16(cb, cb),
+                          _mm_unpacklo_epi16(cr, cr), _mm_unpackhi_epi16(cr, cr));
     }
-    inv444_row<I>(in, o, int(x), w);
+    inv422_row<I>(in, o, int(x), w);
 }
 
 }  // namespace nmq::ycc::sse2
