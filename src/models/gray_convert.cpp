@@ -30,10 +30,11 @@ NmqStatus myRGBToGray_8u_C3C1R(const Nmq8u* src, int srcStep, Nmq8u* dst, int ds
 }
 
 // 16u, 16s and 32f: steps truncated to whole elements.
-template <class T, class W, class Row>
-NmqStatus gray_rows(const T* src, int srcStep, T* dst, int dstStep, ImageSize roi, const W& w, Row row) {
+template <class T, class Row>
+NmqStatus gray_rows(const T* src, int srcStep, T* dst, int dstStep, ImageSize roi, const Nmq32f* coeffs, Row row) {
     if (any_null(src, dst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
+    const Weights32f w = weights_32f(coeffs);
     for_rows(roi.height, [&](int y) { row(row_elems(src, srcStep, y), row_elems(dst, dstStep, y), roi.width, w); });
     return nmqStsOk;
 }
@@ -73,22 +74,22 @@ NMQ_EXPORT NmqStatus nmqiRGBToGray_8u_AC4C1R(const Nmq8u* pSrc, int srcStep, Nmq
     return myRGBToGray_8u_C3C1R<4>(pSrc, srcStep, pDst, dstStep, roi, nullptr);
 }
 NMQ_EXPORT NmqStatus nmqiRGBToGray_16u_C3C1R(const Nmq16u* pSrc, int srcStep, Nmq16u* pDst, int dstStep, ImageSize roi) {
-    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, kFixed32f, innerRGBToGray_16u_C3C1R<3>);
+    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, nullptr, innerRGBToGray_16u_C3C1R<3>);
 }
 NMQ_EXPORT NmqStatus nmqiRGBToGray_16u_AC4C1R(const Nmq16u* pSrc, int srcStep, Nmq16u* pDst, int dstStep, ImageSize roi) {
-    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, kFixed32f, innerRGBToGray_16u_C3C1R<4>);
+    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, nullptr, innerRGBToGray_16u_C3C1R<4>);
 }
 NMQ_EXPORT NmqStatus nmqiRGBToGray_16s_C3C1R(const Nmq16s* pSrc, int srcStep, Nmq16s* pDst, int dstStep, ImageSize roi) {
-    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, kFixed32f, innerRGBToGray_16s_C3C1R<3>);
+    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, nullptr, innerRGBToGray_16s_C3C1R<3>);
 }
 NMQ_EXPORT NmqStatus nmqiRGBToGray_16s_AC4C1R(const Nmq16s* pSrc, int srcStep, Nmq16s* pDst, int dstStep, ImageSize roi) {
-    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, kFixed32f, innerRGBToGray_16s_C3C1R<4>);
+    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, nullptr, innerRGBToGray_16s_C3C1R<4>);
 }
 NMQ_EXPORT NmqStatus nmqiRGBToGray_32f_C3C1R(const Nmq32f* pSrc, int srcStep, Nmq32f* pDst, int dstStep, ImageSize roi) {
-    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, kFixed32f, innerRGBToGray_32f_C3C1R<3>);
+    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, nullptr, innerRGBToGray_32f_C3C1R<3>);
 }
 NMQ_EXPORT NmqStatus nmqiRGBToGray_32f_AC4C1R(const Nmq32f* pSrc, int srcStep, Nmq32f* pDst, int dstStep, ImageSize roi) {
-    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, kFixed32f, innerRGBToGray_32f_C3C1R<4>);
+    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, nullptr, innerRGBToGray_32f_C3C1R<4>);
 }
 
 // ---- caller weights (null: the fixed ones) ---------------------------------------
@@ -102,27 +103,27 @@ NMQ_EXPORT NmqStatus nmqiColorToGray_8u_AC4C1R(const Nmq8u* pSrc, int srcStep, N
 }
 NMQ_EXPORT NmqStatus nmqiColorToGray_16u_C3C1R(const Nmq16u* pSrc, int srcStep, Nmq16u* pDst, int dstStep,
                                                ImageSize roi, const Nmq32f coeffs[3]) {
-    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, weights_32f(coeffs), innerRGBToGray_16u_C3C1R<3>);
+    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, coeffs, innerRGBToGray_16u_C3C1R<3>);
 }
 NMQ_EXPORT NmqStatus nmqiColorToGray_16u_AC4C1R(const Nmq16u* pSrc, int srcStep, Nmq16u* pDst, int dstStep,
                                                 ImageSize roi, const Nmq32f coeffs[3]) {
-    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, weights_32f(coeffs), innerRGBToGray_16u_C3C1R<4>);
+    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, coeffs, innerRGBToGray_16u_C3C1R<4>);
 }
 NMQ_EXPORT NmqStatus nmqiColorToGray_16s_C3C1R(const Nmq16s* pSrc, int srcStep, Nmq16s* pDst, int dstStep,
                                                ImageSize roi, const Nmq32f coeffs[3]) {
-    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, weights_32f(coeffs), innerRGBToGray_16s_C3C1R<3>);
+    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, coeffs, innerRGBToGray_16s_C3C1R<3>);
 }
 NMQ_EXPORT NmqStatus nmqiColorToGray_16s_AC4C1R(const Nmq16s* pSrc, int srcStep, Nmq16s* pDst, int dstStep,
                                                 ImageSize roi, const Nmq32f coeffs[3]) {
-    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, weights_32f(coeffs), innerRGBToGray_16s_C3C1R<4>);
+    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, coeffs, innerRGBToGray_16s_C3C1R<4>);
 }
 NMQ_EXPORT NmqStatus nmqiColorToGray_32f_C3C1R(const Nmq32f* pSrc, int srcStep, Nmq32f* pDst, int dstStep,
                                                ImageSize roi, const Nmq32f coeffs[3]) {
-    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, weights_32f(coeffs), innerRGBToGray_32f_C3C1R<3>);
+    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, coeffs, innerRGBToGray_32f_C3C1R<3>);
 }
 NMQ_EXPORT NmqStatus nmqiColorToGray_32f_AC4C1R(const Nmq32f* pSrc, int srcStep, Nmq32f* pDst, int dstStep,
                                                 ImageSize roi, const Nmq32f coeffs[3]) {
-    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, weights_32f(coeffs), innerRGBToGray_32f_C3C1R<4>);
+    return gray_rows(pSrc, srcStep, pDst, dstStep, roi, coeffs, innerRGBToGray_32f_C3C1R<4>);
 }
 NMQ_EXPORT NmqStatus nmqiColorToGray_64f_C3C1R(const Nmq64f* pSrc, int srcStep, Nmq64f* pDst, int dstStep,
                                                ImageSize roi, const Nmq64f coeffs[3]) {

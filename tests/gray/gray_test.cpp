@@ -14,44 +14,52 @@ using namespace nmqt;
 
 namespace {
 
-using Fn = std::function<NmqStatus(const void*, int, void*, int, ImageSize)>;
+enum class Ty { U8, U16, S16, F32, F64 };
+int es(Ty t) { return t == Ty::U8 ? 1 : t == Ty::F32 ? 4 : t == Ty::F64 ? 8 : 2; }
+
+// Every export behind one signature: `ch` is the pixel stride of the colour
+// side; `extra` is the weights pointer (to-gray) or the alpha value (to-colour).
+using Fn = NmqStatus (*)(const void*, int, void*, int, ImageSize, const void*);
 struct Export {
     const char* name;
+    Ty ty;
+    int ch;
+    bool to_gray, caller_weights;
     Fn fn;
 };
 
-template <class T>
-const T* cs(const void* p) { return static_cast<const T*>(p); }
-template <class T>
-T* ds(void* p) { return static_cast<T*>(p); }
+#define TO_GRAY(name, T, ty, ch)                                                                        \
+    Export { #name, ty, ch, true, false, [](const void* s, int ss, void* d, int dd, ImageSize r, const void*) { \
+        return name(static_cast<const T*>(s), ss, static_cast<T*>(d), dd, r); } }
+#define TO_GRAY_W(name, T, W, ty, ch)                                                                   \
+    Export { #name, ty, ch, true, true, [](const void* s, int ss, void* d, int dd, ImageSize r, const void* w) { \
+        return name(static_cast<const T*>(s), ss, static_cast<T*>(d), dd, r, static_cast<const W*>(w)); } }
+#define TO_COLOR(name, T, ty, ch, ...)                                                                  \
+    Export { #name, ty, ch, false, false, [](const void* s, int ss, void* d, int dd, ImageSize r, const void* a) { \
+        (void)a; return name(static_cast<const T*>(s), ss, static_cast<T*>(d), dd, r __VA_ARGS__); } }
 
-#define GRAY_FN(name, T)                                                                           \
-    Export { #name, [](const void* s, int ss, void* d, int dd, ImageSize r) {                       \
-        return name(cs<T>(s), ss, ds<T>(d), dd, r); } }
-#define GRAY_FN_W(name, T, W)                                                                      \
-    Export { #name, [](const void* s, int ss, void* d, int dd, ImageSize r) {                       \
-        return name(cs<T>(s), ss, ds<T>(d), dd, r, static_cast<const W*>(nullptr)); } }
-#define GRAY_FN_A(name, T)                                                                         \
-    Export { #name, [](const void* s, int ss, void* d, int dd, ImageSize r) {                       \
-        return name(cs<T>(s), ss, ds<T>(d), dd, r, T(1)); } }
-
-const std::vector<Export>& all_exports() {
-    static const std::vector<Export> v = {
-        GRAY_FN(nmqiRGBToGray_8u_C3C1R, Nmq8u),          GRAY_FN(nmqiRGBToGray_8u_AC4C1R, Nmq8u),
-        GRAY_FN(nmqiRGBToGray_16u_C3C1R, Nmq16u),        GRAY_FN(nmqiRGBToGray_16u_AC4C1R, Nmq16u),
-        GRAY_FN(nmqiRGBToGray_16s_C3C1R, Nmq16s),        GRAY_FN(nmqiRGBToGray_16s_AC4C1R, Nmq16s),
-        GRAY_FN(nmqiRGBToGray_32f_C3C1R, Nmq32f),        GRAY_FN(nmqiRGBToGray_32f_AC4C1R, Nmq32f),
-        GRAY_FN_W(nmqiColorToGray_8u_C3C1R, Nmq8u, Nmq32f),   GRAY_FN_W(nmqiColorToGray_8u_AC4C1R, Nmq8u, Nmq32f),
-        GRAY_FN_W(nmqiColorToGray_16u_C3C1R, Nmq16u, Nmq32f), GRAY_FN_W(nmqiColorToGray_16u_AC4C1R, Nmq16u, Nmq32f),
-        GRAY_FN_W(nmqiColorToGray_16s_C3C1R, Nmq16s, Nmq32f), GRAY_FN_W(nmqiColorToGray_16s_AC4C1R, Nmq16s, Nmq32f),
-        GRAY_FN_W(nmqiColorToGray_32f_C3C1R, Nmq32f, Nmq32f), GRAY_FN_W(nmqiColorToGray_32f_AC4C1R, Nmq32f, Nmq32f),
-        GRAY_FN_W(nmqiColorToGray_64f_C3C1R, Nmq64f, Nmq64f), GRAY_FN_W(nmqiColorToGray_64f_AC4C1R, Nmq64f, Nmq64f),
-        GRAY_FN(nmqiGrayToRGB_8u_C1C3R, Nmq8u),          GRAY_FN(nmqiGrayToRGB_16u_C1C3R, Nmq16u),
-        GRAY_FN(nmqiGrayToRGB_32f_C1C3R, Nmq32f),        GRAY_FN_A(nmqiGrayToRGB_8u_C1C4R, Nmq8u),
-        GRAY_FN_A(nmqiGrayToRGB_16u_C1C4R, Nmq16u),      GRAY_FN_A(nmqiGrayToRGB_32f_C1C4R, Nmq32f),
-    };
-    return v;
-}
+const Ty U8 = Ty::U8, U16 = Ty::U16, S16 = Ty::S16, F32 = Ty::F32, F64 = Ty::F64;
+const Export kExports[] = {
+    TO_GRAY(nmqiRGBToGray_8u_C3C1R, Nmq8u, U8, 3),     TO_GRAY(nmqiRGBToGray_8u_AC4C1R, Nmq8u, U8, 4),
+    TO_GRAY(nmqiRGBToGray_16u_C3C1R, Nmq16u, U16, 3),  TO_GRAY(nmqiRGBToGray_16u_AC4C1R, Nmq16u, U16, 4),
+    TO_GRAY(nmqiRGBToGray_16s_C3C1R, Nmq16s, S16, 3),  TO_GRAY(nmqiRGBToGray_16s_AC4C1R, Nmq16s, S16, 4),
+    TO_GRAY(nmqiRGBToGray_32f_C3C1R, Nmq32f, F32, 3),  TO_GRAY(nmqiRGBToGray_32f_AC4C1R, Nmq32f, F32, 4),
+    TO_GRAY_W(nmqiColorToGray_8u_C3C1R, Nmq8u, Nmq32f, U8, 3),
+    TO_GRAY_W(nmqiColorToGray_8u_AC4C1R, Nmq8u, Nmq32f, U8, 4),
+    TO_GRAY_W(nmqiColorToGray_16u_C3C1R, Nmq16u, Nmq32f, U16, 3),
+    TO_GRAY_W(nmqiColorToGray_16u_AC4C1R, Nmq16u, Nmq32f, U16, 4),
+    TO_GRAY_W(nmqiColorToGray_16s_C3C1R, Nmq16s, Nmq32f, S16, 3),
+    TO_GRAY_W(nmqiColorToGray_16s_AC4C1R, Nmq16s, Nmq32f, S16, 4),
+    TO_GRAY_W(nmqiColorToGray_32f_C3C1R, Nmq32f, Nmq32f, F32, 3),
+    TO_GRAY_W(nmqiColorToGray_32f_AC4C1R, Nmq32f, Nmq32f, F32, 4),
+    TO_GRAY_W(nmqiColorToGray_64f_C3C1R, Nmq64f, Nmq64f, F64, 3),
+    TO_GRAY_W(nmqiColorToGray_64f_AC4C1R, Nmq64f, Nmq64f, F64, 4),
+    TO_COLOR(nmqiGrayToRGB_8u_C1C3R, Nmq8u, U8, 3),    TO_COLOR(nmqiGrayToRGB_16u_C1C3R, Nmq16u, U16, 3),
+    TO_COLOR(nmqiGrayToRGB_32f_C1C3R, Nmq32f, F32, 3),
+    TO_COLOR(nmqiGrayToRGB_8u_C1C4R, Nmq8u, U8, 4, , *static_cast<const Nmq8u*>(a)),
+    TO_COLOR(nmqiGrayToRGB_16u_C1C4R, Nmq16u, U16, 4, , *static_cast<const Nmq16u*>(a)),
+    TO_COLOR(nmqiGrayToRGB_32f_C1C4R, Nmq32f, F32, 4, , *static_cast<const Nmq32f*>(a)),
+};
 
 // ---- references written from the formulas ------------------------------------
 uint32_t ref_weight(float c) { return uint32_t(int64_t(std::trunc(double(c) * 32768.0 + 0.5))) & 0xFFFF; }
@@ -68,44 +76,46 @@ int ref8u_tail(const uint8_t* p, const uint32_t w[3]) {
     return int((int64_t(p[0]) * w[0] + int64_t(p[1]) * w[1] + int64_t(p[2]) * w[2] + 16384) / 32768) & 0xFF;
 }
 
-struct Img {
-    Plane src, dst;
-};
-
-// Source of `ch` elements of T per pixel and a one-element destination with
-// guards; paddings and misalignments in whole elements.
 template <class T>
-Img make_img(const Shape& s, int ch_src, int ch_dst, Rng& rng, bool page_guard) {
-    const int e = int(sizeof(T));
-    Img m{Plane(s.w * ch_src * e, s.h, s.pad * e, (s.misalign * e) % 64, 0, page_guard),
-          Plane(s.w * ch_dst * e, s.h, (s.pad + 2) * e, (s.misalign * 3 * e) % 64, 16)};
-    m.src.randomize(rng);
-    return m;
-}
-
-// Runs `call` at every level and checks the destination against `expect` and its guards.
-void at_every_level(Img& m, Rng& rng, const std::vector<uint8_t>& expect, const std::function<NmqStatus()>& call,
-                    const std::string& what) {
-    for (nmq::Isa lv : isa_levels()) {
-        nmq::IsaCap cap(lv);
-        m.dst.randomize(rng);
-        ASSERT_EQ(call(), nmqStsOk) << what;
-        ASSERT_EQ(first_diff(m.dst.roi(), expect, m.dst.row_bytes), "") << what << " at " << isa_name(lv);
-        ASSERT_TRUE(m.dst.outside_untouched()) << what << " at " << isa_name(lv);
-    }
-}
-
-template <class T>
-void put(std::vector<uint8_t>& v, T x) {
-    const auto* b = reinterpret_cast<const uint8_t*>(&x);
-    v.insert(v.end(), b, b + sizeof(T));
-}
-
-template <class T>
-T get(const Plane& p, int y, int i) {
+T get(const uint8_t* p, int i) {
     T x;
-    std::memcpy(&x, p.row(y) + sizeof(T) * size_t(i), sizeof(T));
+    std::memcpy(&x, p + sizeof(T) * size_t(i), sizeof(T));
     return x;
+}
+template <class T>
+void put(uint8_t* p, T x) { std::memcpy(p, &x, sizeof(T)); }
+
+// Gray of the pixel at p (column x of a row of `width`), weights wf (float
+// types and 8u) or wd (64f), written to out.
+void ref_gray(const Export& e, const uint8_t* p, int x, int width, const float* wf, const double* wd, uint8_t* out) {
+    switch (e.ty) {
+        case Ty::U8: {
+            const uint32_t w[3] = {ref_weight(wf[0]), ref_weight(wf[1]), ref_weight(wf[2])};
+            const bool vec = x < (e.ch == 3 ? width & ~3 : width & ~7);
+            *out = uint8_t(vec ? ref8u_vector(p, w) : ref8u_tail(p, w));
+            break;
+        }
+        case Ty::U16: {
+            const float v = (float(get<uint16_t>(p, 0)) * wf[0] + float(get<uint16_t>(p, 1)) * wf[1]) +
+                            float(get<uint16_t>(p, 2)) * wf[2];
+            put(out, uint16_t(std::lrint(v)));  // low 16 bits
+            break;
+        }
+        case Ty::S16: {
+            const float v = (float(get<int16_t>(p, 0) + 32768) * wf[0] + float(get<int16_t>(p, 1) + 32768) * wf[1]) +
+                            float(get<int16_t>(p, 2) + 32768) * wf[2];
+            const long g = std::lrint(v) - 32768;
+            // Saturated in the vector part, low 16 bits in the tail.
+            put(out, x < (width & ~3) ? int16_t(g < -32768 ? -32768 : g > 32767 ? 32767 : g) : int16_t(uint16_t(g & 0xFFFF)));
+            break;
+        }
+        case Ty::F32:
+            put(out, (get<float>(p, 0) * wf[0] + get<float>(p, 1) * wf[1]) + get<float>(p, 2) * wf[2]);
+            break;
+        case Ty::F64:
+            put(out, (wd[0] * get<double>(p, 0) + wd[1] * get<double>(p, 1)) + wd[2] * get<double>(p, 2));
+            break;
+    }
 }
 
 // Runs an 8u conversion on a row of identical pixels and returns the row.
@@ -136,10 +146,11 @@ TEST(GrayArgs, PointersFirstThenSize) {
     };
     Rng rng;
     Plane src(256, 2), dst(256, 2, 0, 0, 16);
-    for (const Export& e : all_exports())
+    const double extra[3] = {};  // zero weights, or a zero alpha
+    for (const Export& e : kExports)
         for (const Case& c : cases) {
             dst.randomize(rng);
-            EXPECT_EQ(e.fn(c.src ? src.ptr() : nullptr, 256, c.dst ? dst.ptr() : nullptr, 256, c.roi), c.want)
+            EXPECT_EQ(e.fn(c.src ? src.ptr() : nullptr, 256, c.dst ? dst.ptr() : nullptr, 256, c.roi, extra), c.want)
                 << e.name << " " << c.roi.width << "x" << c.roi.height;
             EXPECT_TRUE(dst.untouched()) << e.name;
         }
@@ -205,33 +216,6 @@ TEST(Gray8u, FloatFixedWeightsEqualTheIntegerOnes) {
         ASSERT_EQ(nmqiColorToGray_8u_AC4C1R(src.ptr(), src.step, b.ptr(), width, r, w), nmqStsOk);
         EXPECT_EQ(a.roi(), b.roi()) << width;
     }
-}
-
-// Every shape at every level against the reference, with the fixed weights and
-// with caller weights that sum above 1, wrap or are negative.
-TEST(Gray8u, SweepMatchesReference) {
-    const float weight_sets[][3] = {{0.299f, 0.587f, 0.114f}, {0.9f, 0.7f, 0.3f}, {2.3f, -0.2f, 0.5f}, {1.0f, 1.0f, 1.0f}};
-    Rng rng(11);
-    int k = 0;
-    for (const Shape& s : sweep_shapes())
-        for (int stride : {3, 4}) {
-            const float* coeffs = ++k % 5 == 0 ? nullptr : weight_sets[k % 4];
-            uint32_t w[3];
-            for (int c = 0; c < 3; ++c) w[c] = ref_weight(coeffs ? coeffs[c] : weight_sets[0][c]);
-            Img m = make_img<uint8_t>(s, stride, 1, rng, k % 3 == 0);
-            const int v = stride == 3 ? s.w & ~3 : s.w & ~7;
-            std::vector<uint8_t> expect;
-            for (int y = 0; y < s.h; ++y)
-                for (int x = 0; x < s.w; ++x) {
-                    const uint8_t* p = m.src.row(y) + stride * x;
-                    expect.push_back(uint8_t(x < v ? ref8u_vector(p, w) : ref8u_tail(p, w)));
-                }
-            const ImageSize r{s.w, s.h};
-            at_every_level(m, rng, expect, [&] {
-                return stride == 3 ? nmqiColorToGray_8u_C3C1R(m.src.ptr(), m.src.step, m.dst.ptr(), m.dst.step, r, coeffs)
-                                   : nmqiColorToGray_8u_AC4C1R(m.src.ptr(), m.src.step, m.dst.ptr(), m.dst.step, r, coeffs);
-            }, to_string(s) + " stride " + std::to_string(stride));
-        }
 }
 
 // ---- 16u and 16s --------------------------------------------------------------------
@@ -303,101 +287,6 @@ TEST(GrayFloat, OrderOfEvaluationAndDefaults) {
     EXPECT_EQ(bits[2], 0x3DE978D5u);
 }
 
-// 16u, 16s, 32f and 64f over every shape against the reference formulas.
-TEST(GrayWide, SweepMatchesReference) {
-    const float wf[3] = {0.25f, 0.5f, 0.375f};
-    Rng rng(21);
-    int k = 0;
-    for (const Shape& s : sweep_shapes(1, 1, 300)) {
-        const ImageSize r{s.w, s.h};
-        const bool pg = ++k % 4 == 0;
-        const float* w = k % 2 ? wf : nullptr;
-        const float w0 = w ? w[0] : 0.299f, w1 = w ? w[1] : 0.587f, w2 = w ? w[2] : 0.114f;
-        for (int stride : {3, 4}) {
-            const std::string what = to_string(s) + " stride " + std::to_string(stride);
-            {  // 16u
-                Img m = make_img<uint16_t>(s, stride, 1, rng, pg);
-                std::vector<uint8_t> e;
-                for (int y = 0; y < s.h; ++y)
-                    for (int x = 0; x < s.w; ++x) {
-                        const float v = (float(get<uint16_t>(m.src, y, stride * x)) * w0 +
-                                         float(get<uint16_t>(m.src, y, stride * x + 1)) * w1) +
-                                        float(get<uint16_t>(m.src, y, stride * x + 2)) * w2;
-                        put(e, uint16_t(std::lrint(v)));
-                    }
-                at_every_level(m, rng, e, [&] {
-                    auto* sp = m.src.as<Nmq16u>();
-                    auto* dp = m.dst.as<Nmq16u>();
-                    return stride == 3 ? nmqiColorToGray_16u_C3C1R(sp, m.src.step, dp, m.dst.step, r, w)
-                                       : nmqiColorToGray_16u_AC4C1R(sp, m.src.step, dp, m.dst.step, r, w);
-                }, "16u " + what);
-            }
-            {  // 16s
-                Img m = make_img<int16_t>(s, stride, 1, rng, pg);
-                std::vector<uint8_t> e;
-                for (int y = 0; y < s.h; ++y)
-                    for (int x = 0; x < s.w; ++x) {
-                        const float v = (float(get<int16_t>(m.src, y, stride * x) + 32768) * w0 +
-                                         float(get<int16_t>(m.src, y, stride * x + 1) + 32768) * w1) +
-                                        float(get<int16_t>(m.src, y, stride * x + 2) + 32768) * w2;
-                        const long g = std::lrint(v) - 32768;
-                        // The weights sum above 1: saturation in the vector part, low 16 bits in the tail.
-                        put(e, x < (s.w & ~3) ? int16_t(g < -32768 ? -32768 : g > 32767 ? 32767 : g)
-                                              : int16_t(uint16_t(g & 0xFFFF)));
-                    }
-                at_every_level(m, rng, e, [&] {
-                    auto* sp = m.src.as<Nmq16s>();
-                    auto* dp = m.dst.as<Nmq16s>();
-                    return stride == 3 ? nmqiColorToGray_16s_C3C1R(sp, m.src.step, dp, m.dst.step, r, w)
-                                       : nmqiColorToGray_16s_AC4C1R(sp, m.src.step, dp, m.dst.step, r, w);
-                }, "16s " + what);
-            }
-            {  // 32f
-                Img m = make_img<float>(s, stride, 1, rng, pg);
-                for (int y = 0; y < s.h; ++y)
-                    for (int i = 0; i < s.w * stride; ++i) {
-                        const float v = rng.uniformf(-2.0f, 2.0f);
-                        std::memcpy(m.src.row(y) + 4 * i, &v, 4);
-                    }
-                std::vector<uint8_t> e;
-                for (int y = 0; y < s.h; ++y)
-                    for (int x = 0; x < s.w; ++x)
-                        put(e, (get<float>(m.src, y, stride * x) * w0 + get<float>(m.src, y, stride * x + 1) * w1) +
-                                   get<float>(m.src, y, stride * x + 2) * w2);
-                at_every_level(m, rng, e, [&] {
-                    auto* sp = m.src.as<Nmq32f>();
-                    auto* dp = m.dst.as<Nmq32f>();
-                    return stride == 3 ? nmqiColorToGray_32f_C3C1R(sp, m.src.step, dp, m.dst.step, r, w)
-                                       : nmqiColorToGray_32f_AC4C1R(sp, m.src.step, dp, m.dst.step, r, w);
-                }, "32f " + what);
-            }
-            {  // 64f
-                Img m = make_img<double>(s, stride, 1, rng, pg);
-                for (int y = 0; y < s.h; ++y)
-                    for (int i = 0; i < s.w * stride; ++i) {
-                        const double v = rng.uniformf(-2.0f, 2.0f) / 3.0;
-                        std::memcpy(m.src.row(y) + 8 * i, &v, 8);
-                    }
-                const double wd[3] = {0.2, 0.7, 0.1};
-                const double* pw = w ? wd : nullptr;
-                const double d0 = pw ? wd[0] : double(0.299f), d1 = pw ? wd[1] : double(0.587f),
-                             d2 = pw ? wd[2] : double(0.114f);
-                std::vector<uint8_t> e;
-                for (int y = 0; y < s.h; ++y)
-                    for (int x = 0; x < s.w; ++x)
-                        put(e, (d0 * get<double>(m.src, y, stride * x) + d1 * get<double>(m.src, y, stride * x + 1)) +
-                                   d2 * get<double>(m.src, y, stride * x + 2));
-                at_every_level(m, rng, e, [&] {
-                    auto* sp = m.src.as<Nmq64f>();
-                    auto* dp = m.dst.as<Nmq64f>();
-                    return stride == 3 ? nmqiColorToGray_64f_C3C1R(sp, m.src.step, dp, m.dst.step, r, pw)
-                                       : nmqiColorToGray_64f_AC4C1R(sp, m.src.step, dp, m.dst.step, r, pw);
-                }, "64f " + what);
-            }
-        }
-    }
-}
-
 // A 16-bit step that is not a multiple of two is truncated to whole elements.
 TEST(GrayWide, OddByteStepIsTruncated) {
     const uint16_t src[2][4] = {{100, 100, 100, 7}, {200, 200, 200, 7}};
@@ -407,52 +296,48 @@ TEST(GrayWide, OddByteStepIsTruncated) {
     EXPECT_EQ(dst[1][0], 200);
 }
 
-// ---- gray to colour ------------------------------------------------------------------
-TEST(GrayToRGB, CopiesAndAlpha) {
-    Rng rng(5);
+// ---- every export over every shape ------------------------------------------------
+// At every level against the reference, with the fixed weights and with caller
+// weights that sum above 1, wrap or are negative; guards around the
+// destination; sources are exact allocations, some against a protected page.
+TEST(Gray, SweepMatchesReference) {
+    const float wsets[][3] = {{0.299f, 0.587f, 0.114f}, {0.9f, 0.7f, 0.3f}, {2.3f, -0.2f, 0.5f}, {0.25f, 0.5f, 0.375f}};
+    const double wd[3] = {0.2, 0.7, 0.1}, wd_fixed[3] = {double(0.299f), double(0.587f), double(0.114f)};
+    Rng rng(11);
     int k = 0;
-    for (const Shape& s : sweep_shapes(1, 1, 300)) {
-        const ImageSize r{s.w, s.h};
-        const bool pg = ++k % 3 == 0;
-        for (int ch : {3, 4}) {
-            const std::string what = to_string(s) + " C" + std::to_string(ch);
-            auto expand = [&](const Plane& src, int e, const void* alpha) {
-                std::vector<uint8_t> out;
+    for (const Export& e : kExports)
+        for (const Shape& s : sweep_shapes(1, 1, e.ty == U8 ? 1031 : 300)) {
+            const int z = es(e.ty), src_ch = e.to_gray ? e.ch : 1, dst_ch = e.to_gray ? 1 : e.ch;
+            Plane src(s.w * src_ch * z, s.h, s.pad * z, (s.misalign * z) % 64, 0, ++k % 3 == 0);
+            Plane dst(s.w * dst_ch * z, s.h, (s.pad + 2) * z, (s.misalign * 3 * z) % 64, 16);
+            src.randomize(rng);
+            if (e.to_gray && (e.ty == F32 || e.ty == F64))  // finite values; GrayToRGB copies any bits
                 for (int y = 0; y < s.h; ++y)
-                    for (int x = 0; x < s.w; ++x) {
-                        for (int c = 0; c < 3; ++c) out.insert(out.end(), src.row(y) + e * x, src.row(y) + e * x + e);
-                        if (ch == 4) out.insert(out.end(), static_cast<const uint8_t*>(alpha), static_cast<const uint8_t*>(alpha) + e);
+                    for (int i = 0; i < s.w * src_ch; ++i) {
+                        const float v = rng.uniformf(-2.0f, 2.0f);
+                        if (e.ty == F32) put(src.row(y) + 4 * i, v);
+                        else put(src.row(y) + 8 * i, double(v) / 3.0);
                     }
-                return out;
-            };
-            {
-                Img m = make_img<uint8_t>(s, 1, ch, rng, pg);
-                const Nmq8u a = 200;
-                at_every_level(m, rng, expand(m.src, 1, &a), [&] {
-                    return ch == 3 ? nmqiGrayToRGB_8u_C1C3R(m.src.ptr(), m.src.step, m.dst.ptr(), m.dst.step, r)
-                                   : nmqiGrayToRGB_8u_C1C4R(m.src.ptr(), m.src.step, m.dst.ptr(), m.dst.step, r, a);
-                }, "8u " + what);
-            }
-            {
-                Img m = make_img<uint16_t>(s, 1, ch, rng, pg);
-                const Nmq16u a = 0xBEEF;
-                at_every_level(m, rng, expand(m.src, 2, &a), [&] {
-                    auto* sp = m.src.as<Nmq16u>();
-                    auto* dp = m.dst.as<Nmq16u>();
-                    return ch == 3 ? nmqiGrayToRGB_16u_C1C3R(sp, m.src.step, dp, m.dst.step, r)
-                                   : nmqiGrayToRGB_16u_C1C4R(sp, m.src.step, dp, m.dst.step, r, a);
-                }, "16u " + what);
-            }
-            {  // random bits, NaNs included: copied as they are
-                Img m = make_img<float>(s, 1, ch, rng, pg);
-                const Nmq32f a = -0.5f;
-                at_every_level(m, rng, expand(m.src, 4, &a), [&] {
-                    auto* sp = m.src.as<Nmq32f>();
-                    auto* dp = m.dst.as<Nmq32f>();
-                    return ch == 3 ? nmqiGrayToRGB_32f_C1C3R(sp, m.src.step, dp, m.dst.step, r)
-                                   : nmqiGrayToRGB_32f_C1C4R(sp, m.src.step, dp, m.dst.step, r, a);
-                }, "32f " + what);
+            // Caller weights: none (the fixed ones) on every fifth call.
+            const bool caller = e.caller_weights && k % 5 != 0;
+            const float* wf = caller ? wsets[k % 4] : wsets[0];
+            const void* extra = e.ty == F64 ? static_cast<const void*>(caller ? wd : nullptr) : (caller ? wf : nullptr);
+            const uint64_t alpha = 0x3F0000C8u;  // 200 as 8u and 16u, about 0.5 as 32f
+            std::vector<uint8_t> want;
+            for (int y = 0; y < s.h; ++y)
+                for (int x = 0; x < s.w; ++x) {
+                    const uint8_t* p = src.row(y) + x * src_ch * z;
+                    uint8_t out[32];
+                    if (e.to_gray) ref_gray(e, p, x, s.w, wf, caller ? wd : wd_fixed, out);
+                    for (int c = 0; !e.to_gray && c < e.ch; ++c) std::memcpy(out + c * z, c < 3 ? p : reinterpret_cast<const uint8_t*>(&alpha), size_t(z));
+                    want.insert(want.end(), out, out + dst_ch * z);
+                }
+            for (nmq::Isa lv : isa_levels()) {
+                nmq::IsaCap cap(lv);
+                dst.randomize(rng);
+                ASSERT_EQ(e.fn(src.ptr(), src.step, dst.ptr(), dst.step, {s.w, s.h}, e.to_gray ? extra : &alpha), nmqStsOk);
+                ASSERT_EQ(first_diff(dst.roi(), want, dst.row_bytes), "") << e.name << " " << to_string(s) << " " << isa_name(lv);
+                ASSERT_TRUE(dst.outside_untouched()) << e.name << " " << to_string(s);
             }
         }
-    }
 }
