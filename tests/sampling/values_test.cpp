@@ -178,18 +178,6 @@ TEST(SamplingPlanes, ScalarTailOf1620To420) {
     EXPECT_EQ(b.p[1].roi(), (std::vector<uint8_t>{9, 9}));
 }
 
-// A 4:2:2 width of 3 is converted as 2: the last column stays as it was.
-TEST(Sampling422, Width3IsProcessedAs2) {
-    Plane s(8, 1), d(6, 1);
-    const uint8_t in[8] = {1, 2, 3, 4, 5, 6, 7, 8};
-    std::memcpy(s.ptr(), in, 8);
-    d.fill(0xEE);
-    ASSERT_EQ(nmqiYCbCr422ToYCrCb422_8u_C2R(s.ptr(), 8, d.ptr(), 6, ImageSize{3, 1}), nmqStsOk);
-    EXPECT_EQ(d.roi(), (std::vector<uint8_t>{1, 4, 3, 2, 0xEE, 0xEE}));
-    ASSERT_EQ(nmqiYCbCr422ToCbYCr422_8u_C2R(s.ptr(), 8, d.ptr(), 6, ImageSize{3, 1}), nmqStsOk);
-    EXPECT_EQ(d.roi(), (std::vector<uint8_t>{2, 1, 4, 3, 0xEE, 0xEE}));
-}
-
 // Aligned sources, steps and luma planes with a width that is a multiple of
 // 16 take the aligned split kernel; its bytes match the reference.
 TEST(Sampling422, AlignedSplitMatchesReference) {
