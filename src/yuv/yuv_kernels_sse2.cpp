@@ -150,15 +150,16 @@ struct Io<Word16<GBits, RLow>> {
 // is S = 65536 G + sy, sy = 19595 dRG + 7471 dBG (one pmaddwd per four pixels).
 struct Sums {
     V drg, dbg;   // 16-bit
+    V p0, p1;     // (dRG, dBG) pairs of pixels 0-3 and 4-7
     V sy0, sy1;   // 32-bit, pixels 0-3 and 4-7
 };
 
 inline Sums sums(V r, V g, V b) {
     Sums s;
     s.drg = _mm_sub_epi16(r, g), s.dbg = _mm_sub_epi16(b, g);
+    s.p0 = _mm_unpacklo_epi16(s.drg, s.dbg), s.p1 = _mm_unpackhi_epi16(s.drg, s.dbg);
     const V w = pair(19595, 7471);
-    s.sy0 = _mm_madd_epi16(_mm_unpacklo_epi16(s.drg, s.dbg), w);
-    s.sy1 = _mm_madd_epi16(_mm_unpackhi_epi16(s.drg, s.dbg), w);
+    s.sy0 = _mm_madd_epi16(s.p0, w), s.sy1 = _mm_madd_epi16(s.p1, w);
     return s;
 }
 
@@ -187,8 +188,7 @@ inline void fwd8(V r, V g, V b, V& y, V& u, V& v) {
         v = _mm_add_epi16(c16(128), v_term(_mm_add_epi16(s.drg, t)));
     } else {
         // -4816 R - 9469 G + 14286 B = -4816 dRG + 14286 dBG + G, and V alike.
-        const V z = _mm_setzero_si128();
-        const V p0 = _mm_unpacklo_epi16(s.drg, s.dbg), p1 = _mm_unpackhi_epi16(s.drg, s.dbg);
+        const V z = _mm_setzero_si128(), p0 = s.p0, p1 = s.p1;
         const V g0 = _mm_add_epi32(_mm_unpacklo_epi16(g, z), c32(16384));
         const V g1 = _mm_add_epi32(_mm_unpackhi_epi16(g, z), c32(16384));
         const V wu = pair(-4816, 14286), wv = pair(20152, -3276);
