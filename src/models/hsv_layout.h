@@ -66,7 +66,6 @@ inline __m128i samples_to_pixels(__m128i v) {
 template <int Stride, int O0, int O1, int O2, bool WriteAlpha = false>
 struct Packed {
     static_assert(Stride == 3 || Stride == 4, "3 or 4 samples per pixel");
-    static constexpr bool has_alpha = Stride == 4;
 
     static Px load(const SrcRow& r, int x) {
         const uint8_t* p = r.p[0] + ptrdiff_t(x) * Stride;
@@ -138,7 +137,6 @@ struct Packed {
 template <int N, int I0, int I1, int I2>
 struct Planar {
     static_assert(N == 3 || N == 4, "3 or 4 planes");
-    static constexpr bool has_alpha = N == 4;
 
     static Px load(const SrcRow& r, int x) {
         return {{r.p[I0][x], r.p[I1][x], r.p[I2][x], N == 4 ? r.p[3][x] : 0}};
