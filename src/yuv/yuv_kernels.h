@@ -242,7 +242,7 @@ void rgb_to_yuv422_row(const RowIn& s, const RowOut& d, ptrdiff_t n, ptrdiff_t f
         S::get(s, i + 1, r1, g1, b1);
         uint8_t y0, y1, u, v;
         rgb_pair_to_yuv(r0, g0, b0, r1, g1, b1, y0, y1, u, v);
-        if (C2) {
+        if constexpr (C2) {
             uint8_t* q = d.p[0] + 2 * i;
             q[0] = y0, q[1] = u, q[2] = y1, q[3] = v;
         } else {
@@ -253,7 +253,7 @@ void rgb_to_yuv422_row(const RowIn& s, const RowOut& d, ptrdiff_t n, ptrdiff_t f
         int r, g, b;
         S::get(s, i, r, g, b);
         const Yuv o = rgb_single_to_yuv(r, g, b);
-        if (C2) {
+        if constexpr (C2) {
             d.p[0][2 * i] = o.y, d.p[0][2 * i + 1] = o.u;  // the pair's V has no place in the row
         } else {
             d.p[0][i] = o.y, d.p[1][i / 2] = o.u, d.p[2][i / 2] = o.v;
@@ -292,7 +292,7 @@ void yuv42x_to_rgb_rows(const RowIn& s, const RowOut& d0, const RowOut& d1, ptrd
         const int u = s.p[1][i >> 1], v = s.p[2][i >> 1];
         const Rgb a = yuv_to_rgb(s.p[0][i], u, v);
         D::put(d0, i, a.r, a.g, a.b);
-        if (Rows == 2) {
+        if constexpr (Rows == 2) {
             const Rgb c = yuv_to_rgb(s.p[3][i], u, v);
             D::put(d1, i, c.r, c.g, c.b);
         }

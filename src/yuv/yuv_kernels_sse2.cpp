@@ -2,13 +2,13 @@
 // and hands the pixels after the last block to its scalar kernel, whose bytes
 // it reproduces exactly. Loads and stores never pass the last pixel of a row.
 //
-// Rounding of the vector arithmetic: the products are exact 32-bit sums
-// (pmaddwd) or high halves whose floor is the one the scalar formula takes,
-// so a block gives the bytes of the per-pixel formula; only the 16-pixel
-// blocks of the interleaved 4:4:4 kernels and of the planar 4:2:2 kernel
-// compute their own formula (yuv_kernels.h: rgb_to_yuv_block,
-// yuv_to_rgb_block), and their chroma of RGB to YUV is rounded to nearest like
-// the luma.
+// Rounding of the vector arithmetic: sums are exact 32-bit pmaddwd sums and
+// high-half products floor exactly where the scalar formula does, so a block
+// gives the per-pixel bytes. Only the 16-pixel blocks of the interleaved 4:4:4
+// kernels and of the planar 4:2:2 kernel have formulas of their own
+// (rgb_to_yuv_block, yuv_to_rgb_block): RGB to YUV rounds its scale-2^15
+// chroma to nearest, as the per-pixel formula rounds; YUV to RGB keeps the
+// floor of each high-half product, as 16-bit lanes give it.
 #include <emmintrin.h>
 
 #include "yuv/yuv_kernels.h"
