@@ -23,8 +23,9 @@
  * BGR555 sources hold B in the low bits; fields are widened by bit replication.
  *
  * Subsampling: a pair (4:2:2), a 2x2 block (4:2:0) or a group of four (4:1:1)
- * shares the rounded mean of its chroma; in BT.601 4:2:2 the second Y of a pair
- * is not rounded. Going back to RGB, a chroma sample covers its whole cell.
+ * shares the rounded mean of its chroma (709CSC rounds with a bias of one
+ * eighth); in BT.601 4:2:2 the second Y of a pair is not rounded. Going back
+ * to RGB, a chroma sample covers its whole cell unchanged.
  * - 4:2:2 converts every pixel. An odd last pixel gets its own chroma; a packed
  *   row has room for one chroma byte only (the one after its Y, or before it in
  *   CbYCr). Reading a packed row, an odd last pixel takes its missing chroma
