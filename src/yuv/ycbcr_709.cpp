@@ -11,13 +11,15 @@ namespace s2 = nmq::ycc::sse2;
 
 namespace {
 
-bool null3(const void* const* p) { return !p[0] || !p[1] || !p[2]; }
+// A null plane inside a pointer array.
+template <class T>
+bool null3(T* const* p) { return !p[0] || !p[1] || !p[2]; }
 
 template <class F, int SS, bool Swap>
 NmqStatus bgr_to420p3(const Nmq8u* src, int srcStep, Nmq8u* const dst[3], const int dstStep[3], ImageSize roi) {
     if (any_null(src, dst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    if (null3(reinterpret_cast<const void* const*>(dst))) return nmqStsNullPtr;
+    if (null3(dst)) return nmqStsNullPtr;
     rgb_to_420(roi, PixIn{src, srcStep, true, SS}, y420_planes(dst, dstStep, Swap),
                pick<Fwd420Fn>(fwd420_rows<F, RgbIn>, s2::fwd420<F, true, SS>));
     return ok_or_odd(odd(roi));
@@ -45,7 +47,7 @@ template <class I, int DS>
 NmqStatus from420_bgr(const Nmq8u* const src[3], const int srcStep[3], Nmq8u* dst, int dstStep, ImageSize roi) {
     if (any_null(src, dst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    if (null3(reinterpret_cast<const void* const*>(src))) return nmqStsNullPtr;
+    if (null3(src)) return nmqStsNullPtr;
     from_420(roi, y420_planes_in(src, srcStep, false), PixOut{dst, dstStep, true, DS, DS == 4},
              pick<Inv420Fn>(inv420_rows<I>, s2::inv420<I, true, DS>));
     return ok_or_odd(odd(roi));
@@ -55,7 +57,7 @@ template <int DS>
 NmqStatus csc444_to_bgr(const Nmq8u* const src[3], int srcStep, Nmq8u* dst, int dstStep, ImageSize roi) {
     if (any_null(src, dst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    if (null3(reinterpret_cast<const void* const*>(src))) return nmqStsNullPtr;
+    if (null3(src)) return nmqStsNullPtr;
     each_row(roi, y444_planes_in(src, srcStep), PixOut{dst, dstStep, true, DS, DS == 4},
              pick<Inv444Fn>(inv444_row<Inv709Csc>, s2::inv444<Inv709Csc, 1, true, DS>));
     return nmqStsOk;

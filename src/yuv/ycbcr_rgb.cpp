@@ -26,7 +26,9 @@ Inv444Fn inv444k() { return pick<Inv444Fn>(inv444_row<Inv601Full>, s2::inv444<In
 template <int SS, int DS>
 Fwd444Fn fwd444k() { return pick<Fwd444Fn>(fwd444_row<Fwd601, RgbIn>, s2::fwd444<Fwd601, false, SS, DS>); }
 
-bool null3(const void* const* p) { return !p[0] || !p[1] || !p[2]; }
+// A null plane inside a pointer array.
+template <class T>
+bool null3(T* const* p) { return !p[0] || !p[1] || !p[2]; }
 
 // Interleaved RGB (SS bytes per pixel) to full-sampled YCbCr, interleaved in
 // DS bytes per pixel or planes (DS 1). An AC4 destination keeps its alpha, so
@@ -51,7 +53,7 @@ template <bool Bgr, int SS>
 NmqStatus to422p3(const Nmq8u* src, int srcStep, Nmq8u* const dst[3], const int dstStep[3], ImageSize roi) {
     if (any_null(src, dst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    if (null3(reinterpret_cast<const void* const*>(dst))) return nmqStsNullPtr;
+    if (null3(dst)) return nmqStsNullPtr;
     each_row(roi, PixIn{src, srcStep, Bgr, SS}, Y422PlanesOut{dst, dstStep}, fwd422k<Bgr, SS, 3>());
     return nmqStsOk;
 }
@@ -60,7 +62,7 @@ template <Order O>
 NmqStatus planes_to422c2(const Nmq8u* const src[3], int srcStep, Nmq8u* dst, int dstStep, ImageSize roi) {
     if (any_null(src, dst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    if (null3(reinterpret_cast<const void* const*>(src))) return nmqStsNullPtr;
+    if (null3(src)) return nmqStsNullPtr;
     each_row(roi, PlanesIn{src, srcStep}, Y422PackedOut{dst, dstStep, O}, fwd422k<false, 1, int(O)>());
     return nmqStsOk;
 }
@@ -77,7 +79,7 @@ template <Order O>
 NmqStatus from422c2_planes(const Nmq8u* src, int srcStep, Nmq8u* const dst[3], int dstStep, ImageSize roi) {
     if (any_null(src, dst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    if (null3(reinterpret_cast<const void* const*>(dst))) return nmqStsNullPtr;
+    if (null3(dst)) return nmqStsNullPtr;
     each_row(roi, Y422PackedIn{src, srcStep, O}, PlanesOut{dst, dstStep}, inv422k<O, kRgb, 1>());
     return nmqStsOk;
 }
@@ -86,7 +88,7 @@ template <bool Bgr>
 NmqStatus from422p3(const Nmq8u* const src[3], const int srcStep[3], Nmq8u* dst, int dstStep, ImageSize roi) {
     if (any_null(src, dst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    if (null3(reinterpret_cast<const void* const*>(src))) return nmqStsNullPtr;
+    if (null3(src)) return nmqStsNullPtr;
     each_row(roi, Y422PlanesIn{src, srcStep}, PixOut{dst, dstStep, Bgr, 3, false},
              pick<Inv422Fn>(inv422_row<Inv601Sub>, s2::inv422p<Inv601Sub, Bgr, 3>));
     return nmqStsOk;
@@ -103,7 +105,7 @@ template <class Img, class In>
 NmqStatus bgr16_to422p3(const Nmq16u* src, int srcStep, Nmq8u* const dst[3], const int dstStep[3], ImageSize roi) {
     if (any_null(src, dst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    if (null3(reinterpret_cast<const void* const*>(dst))) return nmqStsNullPtr;
+    if (null3(dst)) return nmqStsNullPtr;
     each_row(roi, Img{src, srcStep}, Y422PlanesOut{dst, dstStep}, fwd422_row<Fwd601, In>);
     return nmqStsOk;
 }
@@ -113,7 +115,7 @@ template <bool Bgr, int SS, bool Swap>
 NmqStatus to420p3(const Nmq8u* src, int srcStep, Nmq8u* const dst[3], const int dstStep[3], ImageSize roi) {
     if (any_null(src, dst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    if (null3(reinterpret_cast<const void* const*>(dst))) return nmqStsNullPtr;
+    if (null3(dst)) return nmqStsNullPtr;
     rgb_to_420(roi, PixIn{src, srcStep, Bgr, SS}, y420_planes(dst, dstStep, Swap), fwd420k<Bgr, SS>());
     return ok_or_odd(odd(roi));
 }
@@ -128,7 +130,7 @@ template <class Img, class In>
 NmqStatus bgr16_to420(const Nmq16u* src, int srcStep, Nmq8u* const dst[3], const int dstStep[3], ImageSize roi) {
     if (any_null(src, dst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    if (null3(reinterpret_cast<const void* const*>(dst))) return nmqStsNullPtr;
+    if (null3(dst)) return nmqStsNullPtr;
     rgb_to_420(roi, Img{src, srcStep}, y420_planes(dst, dstStep, false), fwd420_rows<Fwd601, In>);
     return ok_or_odd(odd(roi));
 }
@@ -137,7 +139,7 @@ template <bool Swap, bool Bgr, int DS>
 NmqStatus from420p3(const Nmq8u* const src[3], const int srcStep[3], Nmq8u* dst, int dstStep, ImageSize roi) {
     if (any_null(src, dst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    if (null3(reinterpret_cast<const void* const*>(src))) return nmqStsNullPtr;
+    if (null3(src)) return nmqStsNullPtr;
     from_420(roi, y420_planes_in(src, srcStep, Swap), PixOut{dst, dstStep, Bgr, DS, DS == 4}, inv420k<Bgr, DS>());
     return ok_or_odd(odd(roi));
 }
@@ -159,7 +161,7 @@ template <int DS>
 NmqStatus from411(const Nmq8u* const src[3], const int srcStep[3], Nmq8u* dst, int dstStep, ImageSize roi) {
     if (any_null(src, dst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    if (null3(reinterpret_cast<const void* const*>(src))) return nmqStsNullPtr;
+    if (null3(src)) return nmqStsNullPtr;
     each_row(roi, Y411In{src, srcStep}, PixOut{dst, dstStep, true, DS, DS == 4}, inv411_row<Inv601Sub>);
     return nmqStsOk;
 }
@@ -167,7 +169,7 @@ template <int SS>
 NmqStatus bgr_to411(const Nmq8u* src, int srcStep, Nmq8u* const dst[3], const int dstStep[3], ImageSize roi) {
     if (any_null(src, dst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    if (null3(reinterpret_cast<const void* const*>(dst))) return nmqStsNullPtr;
+    if (null3(dst)) return nmqStsNullPtr;
     to411(PixIn{src, srcStep, true, SS}, dst, dstStep, roi);
     return (roi.width & 3) ? nmqStsOddSize : nmqStsOk;
 }
@@ -175,7 +177,7 @@ template <class Img>
 NmqStatus bgr16_to411(const Nmq16u* src, int srcStep, Nmq8u* const dst[3], const int dstStep[3], ImageSize roi) {
     if (any_null(src, dst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    if (null3(reinterpret_cast<const void* const*>(dst))) return nmqStsNullPtr;
+    if (null3(dst)) return nmqStsNullPtr;
     return to411(Img{src, srcStep}, dst, dstStep, roi);
 }
 
@@ -184,7 +186,7 @@ template <bool Bgr, int DS>
 NmqStatus from444p3(const Nmq8u* const src[3], int srcStep, Nmq8u* dst, int dstStep, ImageSize roi) {
     if (any_null(src, dst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    if (null3(reinterpret_cast<const void* const*>(src))) return nmqStsNullPtr;
+    if (null3(src)) return nmqStsNullPtr;
     each_row(roi, y444_planes_in(src, srcStep), PixOut{dst, dstStep, Bgr, DS, DS == 4}, inv444k<1, Bgr, DS>());
     return nmqStsOk;
 }
@@ -207,7 +209,7 @@ NMQ_EXPORT NmqStatus nmqiRGBToYCbCr_8u_P3R(const Nmq8u* const pSrc[3], int srcSt
                                            ImageSize roi) {
     if (any_null(pSrc, pDst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    if (null3(reinterpret_cast<const void* const*>(pSrc)) || null3(reinterpret_cast<const void* const*>(pDst)))
+    if (null3(pSrc) || null3(pDst))
         return nmqStsNullPtr;
     each_row(roi, PlanesIn{pSrc, srcStep}, y444_planes(pDst, dstStep), fwd444k<1, 1>());
     return nmqStsOk;
@@ -215,13 +217,13 @@ NMQ_EXPORT NmqStatus nmqiRGBToYCbCr_8u_P3R(const Nmq8u* const pSrc[3], int srcSt
 // These two test their planes together with the image pointers, before the size.
 NMQ_EXPORT NmqStatus nmqiRGBToYCbCr_8u_C3P3R(const Nmq8u* pSrc, int srcStep, Nmq8u* const pDst[3], int dstStep,
                                              ImageSize roi) {
-    if (any_null(pSrc, pDst) || null3(reinterpret_cast<const void* const*>(pDst))) return nmqStsNullPtr;
+    if (any_null(pSrc, pDst) || null3(pDst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
     return to444<3, 1>(pSrc, srcStep, y444_planes(pDst, dstStep), roi);
 }
 NMQ_EXPORT NmqStatus nmqiRGBToYCbCr_8u_AC4P3R(const Nmq8u* pSrc, int srcStep, Nmq8u* const pDst[3], int dstStep,
                                               ImageSize roi) {
-    if (any_null(pSrc, pDst) || null3(reinterpret_cast<const void* const*>(pDst))) return nmqStsNullPtr;
+    if (any_null(pSrc, pDst) || null3(pDst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
     return to444<4, 1>(pSrc, srcStep, y444_planes(pDst, dstStep), roi);
 }
@@ -241,7 +243,7 @@ NMQ_EXPORT NmqStatus nmqiYCbCrToRGB_8u_P3R(const Nmq8u* const pSrc[3], int srcSt
                                            ImageSize roi) {
     if (any_null(pSrc, pDst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    if (null3(reinterpret_cast<const void* const*>(pSrc)) || null3(reinterpret_cast<const void* const*>(pDst)))
+    if (null3(pSrc) || null3(pDst))
         return nmqStsNullPtr;
     each_row(roi, y444_planes_in(pSrc, srcStep), PlanesOut{pDst, dstStep}, inv444k<1, kRgb, 1>());
     return nmqStsOk;
@@ -457,7 +459,7 @@ NMQ_EXPORT NmqStatus nmqiYCrCb420ToBGR_Filter_8u_P3C4R(const Nmq8u* const pSrc[3
                                                        int dstStep, ImageSize roi) {
     if (any_null(pSrc, pDst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    if (null3(reinterpret_cast<const void* const*>(pSrc))) return nmqStsNullPtr;
+    if (null3(pSrc)) return nmqStsNullPtr;
     const int n = roi.height / 2, w = roi.width & ~1;
     const PixOut out{pDst, dstStep, kBgr, 4, true};
     for (int k = 0; k < n; ++k) {
