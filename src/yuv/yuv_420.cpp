@@ -11,7 +11,8 @@ namespace {
 // RGB rows made by in(y) to 4:2:0 planes, two rows at a time.
 template <class S, class In>
 NmqStatus rgb_to_420(In in, Nmq8u* const pDst[3], const int dstStep[3], ImageSize roi) {
-    const Row420Fwd rows = pick<Row420Fwd>(rgb_to_yuv420_rows<S>, rgb_to_yuv420_rows_sse2<S>);
+    const Row420Fwd rows =
+        pick(Kernels<Row420Fwd>{rgb_to_yuv420_rows<S>, rgb_to_yuv420_rows_sse2<S>, rgb_to_yuv420_avx2_form<S>()});
     const ptrdiff_t n = roi.width & ~1;
     for_row_pairs(roi.height, [&](int y) { rows(in(y), in(y + 1), out_yuv(pDst, dstStep, y, y / 2, true), n, 0); });
     return ok_or_odd(odd(roi));
@@ -20,7 +21,8 @@ NmqStatus rgb_to_420(In in, Nmq8u* const pDst[3], const int dstStep[3], ImageSiz
 // 4:2:0 planes to RGB rows made by out(y), two rows at a time.
 template <class D, class Out>
 NmqStatus yuv420_to(const Nmq8u* const pSrc[3], const int srcStep[3], Out out, ImageSize roi) {
-    const Row42xInv rows = pick<Row42xInv>(yuv42x_to_rgb_rows<D, 2>, yuv42x_to_rgb_rows_sse2<D, 2>);
+    const Row42xInv rows = pick(
+        Kernels<Row42xInv>{yuv42x_to_rgb_rows<D, 2>, yuv42x_to_rgb_rows_sse2<D, 2>, yuv42x_to_rgb_avx2_form<D, 2>()});
     const ptrdiff_t n = roi.width & ~1;
     for_row_pairs(roi.height, [&](int y) { rows(in_yuv(pSrc, srcStep, y, y / 2, true), out(y), out(y + 1), n, 0); });
     return ok_or_odd(odd(roi));

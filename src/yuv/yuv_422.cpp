@@ -19,7 +19,8 @@ void rgb_to_planes(In in, Nmq8u* const pDst[3], const int dstStep[3], ptrdiff_t 
 // 4:2:2 planes to RGB rows made by out(y).
 template <class D, class Out>
 void planes_to_rgb(const Nmq8u* const pSrc[3], const int srcStep[3], Out out, ImageSize roi) {
-    const Row42xInv rows = pick<Row42xInv>(yuv42x_to_rgb_rows<D, 1>, yuv42x_to_rgb_rows_sse2<D, 1>);
+    const Row42xInv rows = pick(
+        Kernels<Row42xInv>{yuv42x_to_rgb_rows<D, 1>, yuv42x_to_rgb_rows_sse2<D, 1>, yuv42x_to_rgb_avx2_form<D, 1>()});
     for_rows(roi.height, [&](int y) {
         const RowOut d = out(y);
         rows(in_yuv(pSrc, srcStep, y, y, false), d, d, roi.width, 0);
@@ -98,7 +99,8 @@ NMQ_EXPORT NmqStatus nmqiYUV422ToRGB_8u_C2C3R(const Nmq8u* pSrc, int srcStep, Nm
                                               ImageSize roi) {
     if (any_null(pSrc, pDst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    const Row444 row = pick<Row444>(yuv422c2_to_rgb_row<RGB3>, yuv422c2_to_rgb_row_sse2<RGB3>);
+    const Row444 row =
+        pick(Kernels<Row444>{yuv422c2_to_rgb_row<RGB3>, yuv422c2_to_rgb_row_sse2<RGB3>, yuv422c2_to_rgb_row_avx2<RGB3>});
     for_rows(roi.height, [&](int y) { row(in1(pSrc, srcStep, y), out1(pDst, dstStep, y), roi.width, 0); });
     return nmqStsOk;
 }

@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <type_traits>
 
 #include "frame/saturate.h"
 
@@ -350,5 +351,31 @@ void myYUVToRGB_8u_P3R_sse2(const RowIn& s, const RowOut& d, ptrdiff_t n, ptrdif
 void yuv422_to_rgb_planar_row_sse2(const RowIn& s, const RowOut& d, ptrdiff_t n, ptrdiff_t from);
 template <class D>
 void yuv422c2_to_rgb_row_sse2(const RowIn& s, const RowOut& d, ptrdiff_t n, ptrdiff_t from);
+
+// ---- AVX2 forms (yuv_kernels_avx2.cpp), for the layouts listed there -------------
+
+template <class S>
+void rgb_to_yuv420_rows_avx2(const RowIn& s0, const RowIn& s1, const RowOut& d, ptrdiff_t n, ptrdiff_t from);
+template <class D, int Rows>
+void yuv42x_to_rgb_rows_avx2(const RowIn& s, const RowOut& d0, const RowOut& d1, ptrdiff_t n, ptrdiff_t from);
+template <class D>
+void yuv422c2_to_rgb_row_avx2(const RowIn& s, const RowOut& d, ptrdiff_t n, ptrdiff_t from);
+
+// The AVX2 form of a layout, or null where there is none (packed 16-bit
+// sources, and four-byte outputs whose fourth byte must be kept).
+template <class S>
+constexpr Row420Fwd rgb_to_yuv420_avx2_form() {
+    if constexpr (std::is_same_v<S, Planar> || std::is_same_v<S, RGB3> || std::is_same_v<S, BGRA>)
+        return rgb_to_yuv420_rows_avx2<S>;
+    else
+        return nullptr;
+}
+template <class D, int Rows>
+constexpr Row42xInv yuv42x_to_rgb_avx2_form() {
+    if constexpr ((Rows == 2 && (std::is_same_v<D, Planar> || std::is_same_v<D, BGR3>)) || std::is_same_v<D, RGB3>)
+        return yuv42x_to_rgb_rows_avx2<D, Rows>;
+    else
+        return nullptr;
+}
 
 }  // namespace nmq::yuv
