@@ -89,6 +89,10 @@ constexpr float kKappa = 24389.0f / 27.0f;
 constexpr float kDn = (kXn + kYn * 15.0f) + kZn * 3.0f;
 constexpr float kUn = (kXn * 4.0f) / kDn;
 constexpr float kVn = (kYn * 9.0f) / kDn;
+// v' of the blue primary: the smallest v' of any colour with non-negative R,
+// G and B (a mixture's u', v' lies inside the triangle of the primaries').
+constexpr float kVBlue =
+    (xyz::RGBToXYZ[7] * 9.0f) / ((xyz::RGBToXYZ[6] + xyz::RGBToXYZ[7] * 15.0f) + xyz::RGBToXYZ[8] * 3.0f);
 
 template <class V>
 inline void rgb_to_xyz(V r, V g, V b, V& X, V& Y, V& Z) {
@@ -163,14 +167,16 @@ struct Luv {
         o1 = l13 * (up - V(kUn));
         o2 = l13 * (vp - V(kVn));
     }
-    // L <= 0 (or NaN) is black whatever u and v say; v' = 0 gives an
-    // infinite or NaN channel, which the clamp of the result maps to 1 or 0.
+    // L <= 0 (or NaN) is black whatever u and v say. v' is raised to the
+    // blue primary's: no colour the RGB side can hold has less, and dark
+    // codes, whose one u or v step spans much of the diagram, would otherwise
+    // decode near v' = 0, where X and Z diverge.
     template <class V>
     static void inv(V L, V u, V v, V& r, V& g, V& b) {
         const V Y = luminance(L);
         const V l13 = L * V(13.0f);
         const V up = u / l13 + V(kUn);
-        const V vp = v / l13 + V(kVn);
+        const V vp = vmax(v / l13 + V(kVn), V(kVBlue));
         const V v4 = vp * V(4.0f);
         const V X = ((Y * V(9.0f)) * up) / v4;
         const V Z = (Y * ((V(12.0f) - up * V(3.0f)) - vp * V(20.0f))) / v4;
@@ -289,7 +295,8 @@ struct Pixel {
     static void run(V& c0, V& c1, V& c2) {
         V c[3] = {c0, c1, c2}, o[3];
         if constexpr (Fwd) {
-            if constexpr (!E::kFloat)
+            // 8u samples arrive already divided (load_input).
+            if constexpr (!E::kFloat && sizeof(T) != 1)
                 for (auto& v : c) v = v / V(E::kMax);
             Model::fwd(c[0], c[1], c[2], o[0], o[1], o[2]);
             if constexpr (!E::kFloat) {
@@ -331,6 +338,22 @@ inline float load_sample(T v) {
     else return float(int32_t(v) + Elem<T>::kOff);
 }
 
+// i / 255 for every 8u sample, the quotient of the division a pixel would do.
+struct Unit8 {
+    float v[256];
+    constexpr Unit8() : v() {
+        for (int i = 0; i < 256; ++i) v[i] = float(i) / 255.0f;
+    }
+};
+constexpr Unit8 kUnit8{};
+
+// A source sample as the per-pixel template takes it.
+template <bool Fwd, class T>
+inline float load_input(T v) {
+    if constexpr (Fwd && sizeof(T) == 1) return kUnit8.v[v];
+    else return load_sample(v);
+}
+
 template <class T>
 inline T store_sample(float v) {
     if constexpr (Elem<T>::kFloat) return v;
@@ -343,7 +366,7 @@ template <class Model, bool Fwd, class T, int S, int Red>
 void convert_row(const T* src, T* dst, int width) {
     using L = Lanes<Fwd, Red>;
     for (int x = 0; x < width; ++x, src += S, dst += S) {
-        float c0 = load_sample(src[L::in[0]]), c1 = load_sample(src[L::in[1]]), c2 = load_sample(src[L::in[2]]);
+        float c0 = load_input<Fwd>(src[L::in[0]]), c1 = load_input<Fwd>(src[L::in[1]]), c2 = load_input<Fwd>(src[L::in[2]]);
         Pixel<Model, Fwd, T>::run(c0, c1, c2);
         dst[L::out[0]] = store_sample<T>(c0);
         dst[L::out[1]] = store_sample<T>(c1);

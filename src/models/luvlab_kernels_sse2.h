@@ -50,7 +50,7 @@ void convert_row_sse2(const T* src, T* dst, int width) {
         T* d = dst + S * x;
         alignas(16) float in[3][4];
         for (int i = 0; i < 4; ++i)
-            for (int k = 0; k < 3; ++k) in[k][i] = load_sample(s[S * i + L::in[k]]);
+            for (int k = 0; k < 3; ++k) in[k][i] = load_input<Fwd>(s[S * i + L::in[k]]);
         F4 c0 = _mm_load_ps(in[0]), c1 = _mm_load_ps(in[1]), c2 = _mm_load_ps(in[2]);
         Pixel<Model, Fwd, T>::run(c0, c1, c2);
         if constexpr (Elem<T>::kFloat) {

@@ -1,5 +1,6 @@
 #include "luvlab/luvlab_common.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace lvt {
@@ -152,7 +153,11 @@ void ref_inv(Model m, const double in[3], double rgb[3]) {
     } else if (L > 0) {
         double un, vn;
         uv_prime(kWhite, un, vn);
-        const double u = in[1] / (13.0 * L) + un, v = in[2] / (13.0 * L) + vn;
+        const double u = in[1] / (13.0 * L) + un;
+        double vb, ub;
+        const double blue[3] = {kM[0][2], kM[1][2], kM[2][2]};
+        uv_prime(blue, ub, vb);
+        const double v = std::max(in[2] / (13.0 * L) + vn, vb);  // no RGB colour has less v' than blue
         xyz[1] = finv(fy);
         xyz[0] = xyz[1] * 9.0 * u / (4.0 * v);
         xyz[2] = xyz[1] * (12.0 - 3.0 * u - 20.0 * v) / (4.0 * v);
