@@ -25,7 +25,8 @@
  * a pattern that repeats every 4 pixels across and down, black stays black
  * and white stays white. The full-sampled dithered outputs form R, G, B with
  * 4 fractional bits instead of the 16.16 arithmetic of the plain ones, so
- * their colours can differ from the plain outputs by one 8-bit step.
+ * their 8-bit colours can differ from those of the plain outputs in the
+ * last bit.
  *
  * Sampling: 4:2:2 and 4:1:1 convert every pixel (a packed 4:2:2 row follows
  * the 8-bit conversion for its odd last pixel and for a width of 1); 4:2:0
