@@ -193,6 +193,25 @@ TEST(TwistSweep, Integer16) {
 }
 TEST(TwistSweep, Float) { sweep(k32f, 1, 0); }
 
+// Images of more than 4 MiB are written with non-temporal stores where rows
+// start 16-byte aligned: the same bits as the scalar level.
+TEST(TwistSweep, FloatLargeImage) {
+    const int w = 1000, h = 400;  // 4.8 MB
+    Rng rng(5);
+    Plane src(w * 12, h, 16), dst(w * 12, h, 4, 0, 16), ref(w * 12, h, 4, 0, 16);
+    for (int y = 0; y < h; ++y)
+        for (int x = 0; x < 3 * w; ++x) reinterpret_cast<float*>(src.row(y))[x] = rng.uniformf(-1000, 1000);
+    const Mat t = {{0.393f, 0.769f, 0.189f, 1}, {0.349f, 0.686f, 0.168f, 2}, {0.272f, 0.534f, 0.131f, 3}};
+    {
+        nmq::IsaCap cap(nmq::Isa::Scalar);
+        ASSERT_EQ(nmqStsOk, nmqiColorTwist_32f_C3R(src.as<float>(), src.step, ref.as<float>(), ref.step, {w, h}, t));
+    }
+    dst.randomize(rng);
+    ASSERT_EQ(nmqStsOk, nmqiColorTwist_32f_C3R(src.as<float>(), src.step, dst.as<float>(), dst.step, {w, h}, t));
+    EXPECT_EQ("", first_diff(ref.roi(), dst.roi(), w * 12));
+    EXPECT_TRUE(dst.outside_untouched());
+}
+
 // C4: rows aligned and not, and the merged image when both steps equal
 // width * 4 bytes (one row of width * height contiguous pixels, more than
 // row-by-row addressing with that step would reach).
