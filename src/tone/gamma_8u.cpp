@@ -11,7 +11,7 @@ namespace {
 
 NmqStatus packed(const uint8_t* tab, bool ac4, const Nmq8u* s, int ss, Nmq8u* d, int ds, ImageSize r) {
     if (NmqStatus st = check_packed(s, ss, d, ds, r)) return st;
-    if (ac4) {
+    if (ac4) {  // scalar: a vector store would write the alpha bytes too
         walk_packed(s, ss, d, ds, r, [&](const uint8_t* a, uint8_t* b) { table_row_ac4(tab, a, b, r.width); });
     } else {
         const Table8uRow row = pick<Table8uRow>(table_row<uint8_t>, table_row_8u_sse2);
