@@ -100,10 +100,10 @@ TEST(LuvLab, SweepScalarAgainstReferenceAndSimdAgainstScalar) {
         for (const Shape& s : sweep_shapes(1, 1, e.ty == Ty::U8 ? 1031 : 300)) {
             const int es = e.elem(), px = e.pixel_bytes();
             Plane src(s.w * px, s.h, s.pad * es, (s.misalign * es) % 64, 0, ++n % 4 == 0);
-            Plane init(s.w * px, s.h, (s.pad + 1) * es, (s.misalign * 3) % 64, 24);
+            Plane init(s.w * px, s.h, (s.pad + 1) * es, (s.misalign * 3 * es) % 64, 24);
             fill_source(e, src, rng);
             init.randomize(rng);
-            Plane ref(s.w * px, s.h, (s.pad + 1) * es, (s.misalign * 3) % 64, 24);
+            Plane ref(s.w * px, s.h, (s.pad + 1) * es, (s.misalign * 3 * es) % 64, 24);
             ref.copy_from(init);
             {
                 nmq::IsaCap cap(nmq::Isa::Scalar);
@@ -124,7 +124,7 @@ TEST(LuvLab, SweepScalarAgainstReferenceAndSimdAgainstScalar) {
                     }
                 }
             for_each_simd_level([&](nmq::Isa lv) {
-                Plane dst(s.w * px, s.h, (s.pad + 1) * es, (s.misalign * 3) % 64, 24);
+                Plane dst(s.w * px, s.h, (s.pad + 1) * es, (s.misalign * 3 * es) % 64, 24);
                 dst.copy_from(init);
                 ASSERT_EQ(e.fn(src.ptr(), src.step, dst.ptr(), dst.step, {s.w, s.h}), nmqStsOk);
                 ASSERT_TRUE(dst.outside_untouched()) << e.name << " " << to_string(s) << " " << isa_name(lv);
