@@ -8,6 +8,7 @@
 
 #include "frame/dispatch.h"
 #include "models/hsv_kernels.h"
+#include "models/hsv_kernels_avx2.h"
 
 namespace nmq::hsv {
 
@@ -167,12 +168,24 @@ void innerHLSToRGB_8u_sse2(const SrcRow& s, const DstRow& d, int width) {
 
 // The kernel of the calling thread's instruction-set level.
 template <class S, class D>
-inline Row8 rgb_to_hsv_8u_row() { return nmq::pick<Row8>(innerRGBToHSV_8u<S, D>, innerRGBToHSV_8u_sse2<S, D>); }
+inline Row8 rgb_to_hsv_8u_row() {
+    return nmq::pick(Kernels<Row8>{innerRGBToHSV_8u<S, D>, innerRGBToHSV_8u_sse2<S, D>,
+                                   hsv_avx2<S, D>(innerRGBToHSV_8u_avx2<Rgb3, Rgb3>)});
+}
 template <class S, class D>
-inline Row8 hsv_to_rgb_8u_row() { return nmq::pick<Row8>(innerHSVToRGB_8u<S, D>, innerHSVToRGB_8u_sse2<S, D>); }
+inline Row8 hsv_to_rgb_8u_row() {
+    return nmq::pick(Kernels<Row8>{innerHSVToRGB_8u<S, D>, innerHSVToRGB_8u_sse2<S, D>,
+                                   hsv_avx2<S, D>(innerHSVToRGB_8u_avx2<Rgb3, Rgb3>)});
+}
 template <class S, class D>
-inline Row8 rgb_to_hls_8u_row() { return nmq::pick<Row8>(innerRGBToHLS_8u<S, D>, innerRGBToHLS_8u_sse2<S, D>); }
+inline Row8 rgb_to_hls_8u_row() {
+    return nmq::pick(Kernels<Row8>{innerRGBToHLS_8u<S, D>, innerRGBToHLS_8u_sse2<S, D>,
+                                   hsv_avx2<S, D>(innerRGBToHLS_8u_avx2<Rgb3, Rgb3>)});
+}
 template <class S, class D>
-inline Row8 hls_to_rgb_8u_row() { return nmq::pick<Row8>(innerHLSToRGB_8u<S, D>, innerHLSToRGB_8u_sse2<S, D>); }
+inline Row8 hls_to_rgb_8u_row() {
+    return nmq::pick(Kernels<Row8>{innerHLSToRGB_8u<S, D>, innerHLSToRGB_8u_sse2<S, D>,
+                                   hsv_avx2<S, D>(innerHLSToRGB_8u_avx2<Rgb3, Rgb3>)});
+}
 
 }  // namespace nmq::hsv

@@ -1,0 +1,204 @@
+// AVX2 row kernels of the 8u HSV and HLS conversions between three-byte
+// pixels: 32 pixels per step, eight per 32-bit float lane group, the
+// operations of the SSE2 kernels (hsv_kernels_sse2.h) lane by lane, so the
+// bytes are the scalar ones. The packed reciprocal estimate is the same
+// instruction at both widths. The rest of a row goes to the SSE2 kernel, whose
+// vector part (and therefore the tie rule of 8u HSV) ends at the same column.
+#include <immintrin.h>
+
+#include "models/gray_pixels_avx2.h"
+#include "models/hsv_kernels_avx2.h"
+#include "models/hsv_kernels.h"
+
+namespace nmq::hsv {
+namespace {
+
+using F8 = __m256;
+using I8 = __m256i;
+
+inline F8 ps(float v) { return _mm256_set1_ps(v); }
+inline F8 cvt(I8 v) { return _mm256_cvtepi32_ps(v); }
+inline I8 sel(I8 m, I8 a, I8 b) { return _mm256_blendv_epi8(b, a, m); }
+inline F8 sel(F8 m, F8 a, F8 b) { return _mm256_blendv_ps(b, a, m); }
+inline F8 sel(I8 m, F8 a, F8 b) { return sel(_mm256_castsi256_ps(m), a, b); }
+inline I8 max3(I8 a, I8 b, I8 c) { return _mm256_max_epi32(a, _mm256_max_epi32(b, c)); }
+inline I8 min3(I8 a, I8 b, I8 c) { return _mm256_min_epi32(a, _mm256_min_epi32(b, c)); }
+inline I8 eq(I8 a, I8 b) { return _mm256_cmpeq_epi32(a, b); }
+inline I8 zero() { return _mm256_setzero_si256(); }
+inline F8 lt(F8 a, F8 b) { return _mm256_cmp_ps(a, b, _CMP_LT_OQ); }
+inline F8 le(F8 a, F8 b) { return _mm256_cmp_ps(a, b, _CMP_LE_OQ); }
+inline F8 gt(F8 a, F8 b) { return _mm256_cmp_ps(a, b, _CMP_GT_OQ); }
+
+inline F8 rcp_nr(F8 x) {
+    const F8 r = _mm256_rcp_ps(x);
+    return _mm256_sub_ps(_mm256_mul_ps(ps(2.0f), r), _mm256_mul_ps(_mm256_mul_ps(x, r), r));
+}
+
+inline void rgb_to_hsv8(I8 r, I8 g, I8 b, I8& h, I8& s, I8& v) {
+    const I8 V = max3(r, g, b);
+    const I8 d = _mm256_sub_epi32(V, min3(r, g, b));
+    const I8 gray = eq(d, zero());
+    const F8 fd = cvt(d);
+    const F8 sf = _mm256_mul_ps(_mm256_mul_ps(_mm256_rcp_ps(cvt(V)), fd), ps(255.0f));
+    const F8 inv = _mm256_rcp_ps(fd);
+    const F8 rc = _mm256_mul_ps(cvt(_mm256_sub_epi32(V, r)), inv);
+    const F8 gc = _mm256_mul_ps(cvt(_mm256_sub_epi32(V, g)), inv);
+    const F8 bc = _mm256_mul_ps(cvt(_mm256_sub_epi32(V, b)), inv);
+    const I8 g_wins = _mm256_andnot_si256(eq(r, V), eq(g, V));
+    const I8 b_wins = _mm256_andnot_si256(g_wins, eq(b, V));
+    const F8 h6 = sel(b_wins, _mm256_sub_ps(_mm256_add_ps(ps(4.0f), gc), rc),
+                      sel(g_wins, _mm256_sub_ps(_mm256_add_ps(ps(2.0f), rc), bc), _mm256_sub_ps(bc, gc)));
+    F8 hf = _mm256_mul_ps(h6, ps(42.5f));
+    hf = _mm256_add_ps(hf, _mm256_and_ps(lt(hf, _mm256_setzero_ps()), ps(255.0f)));
+    h = _mm256_andnot_si256(gray, _mm256_cvtps_epi32(hf));
+    s = _mm256_andnot_si256(gray, _mm256_cvtps_epi32(sf));
+    v = V;
+}
+
+inline void hsv8_to_rgb(I8 H, I8 S, I8 V, I8& r, I8& g, I8& b) {
+    H = _mm256_andnot_si256(eq(H, _mm256_set1_epi32(255)), H);
+    const F8 h = _mm256_mul_ps(_mm256_mul_ps(cvt(H), ps(0.016666668f)), ps(1.4117647f));
+    const I8 i = _mm256_cvttps_epi32(h);
+    const F8 f = _mm256_sub_ps(h, cvt(i));
+    const F8 fv = cvt(V);
+    const F8 c = _mm256_mul_ps(fv, _mm256_mul_ps(cvt(S), ps(0.003921569f)));
+    const F8 fc = _mm256_mul_ps(f, c);
+    const F8 p = _mm256_sub_ps(fv, c), q = _mm256_sub_ps(fv, fc), t = _mm256_add_ps(p, fc);
+    I8 is[6];
+    for (int k = 0; k < 6; ++k) is[k] = eq(i, _mm256_set1_epi32(k));
+    F8 R = sel(_mm256_or_si256(is[0], is[5]), fv, sel(is[1], q, sel(is[4], t, p)));
+    F8 G = sel(_mm256_or_si256(is[1], is[2]), fv, sel(is[0], t, sel(is[3], q, p)));
+    F8 B = sel(_mm256_or_si256(is[3], is[4]), fv, sel(is[2], t, sel(is[5], q, p)));
+    const I8 gray = eq(S, zero());
+    r = _mm256_cvtps_epi32(sel(gray, fv, R));
+    g = _mm256_cvtps_epi32(sel(gray, fv, G));
+    b = _mm256_cvtps_epi32(sel(gray, fv, B));
+}
+
+inline void rgb_to_hls8(I8 r, I8 g, I8 b, I8& h, I8& l, I8& s) {
+    const I8 V = max3(r, g, b), m = min3(r, g, b);
+    const I8 d = _mm256_sub_epi32(V, m);
+    const I8 gray = eq(d, zero());
+    const F8 sum = cvt(_mm256_add_epi32(V, m));
+    const F8 half = _mm256_mul_ps(sum, ps(0.5f));
+    l = _mm256_cvttps_epi32(half);
+    const F8 den = sel(gt(half, ps(Hls8u::kHalf)), _mm256_sub_ps(ps(Hls8u::kTwice), sum), sum);
+    const F8 fd = cvt(d);
+    const F8 sf = _mm256_mul_ps(_mm256_mul_ps(fd, rcp_nr(den)), ps(Hls8u::kMax));
+    const F8 rd = rcp_nr(fd);
+    const F8 sixty = ps(60.0f);
+    const F8 hr = _mm256_mul_ps(_mm256_mul_ps(cvt(_mm256_sub_epi32(g, b)), sixty), rd);
+    const F8 hg = _mm256_add_ps(_mm256_mul_ps(_mm256_mul_ps(cvt(_mm256_sub_epi32(b, r)), sixty), rd), ps(120.0f));
+    const F8 hb = _mm256_add_ps(_mm256_mul_ps(_mm256_mul_ps(cvt(_mm256_sub_epi32(r, g)), sixty), rd), ps(240.0f));
+    const I8 is_r = eq(r, V);
+    const I8 is_g = _mm256_andnot_si256(is_r, eq(g, V));
+    F8 hue = sel(is_r, hr, sel(is_g, hg, hb));
+    hue = _mm256_add_ps(hue, _mm256_and_ps(lt(hue, _mm256_setzero_ps()), ps(360.0f)));
+    h = _mm256_andnot_si256(gray, _mm256_cvttps_epi32(_mm256_mul_ps(hue, ps(Hls8u::kHueOut))));
+    s = _mm256_andnot_si256(gray, _mm256_cvttps_epi32(sf));
+}
+
+inline F8 hls_value(F8 a, F8 m1, F8 m2) {
+    const F8 k = ps(0.016666668f), diff = _mm256_sub_ps(m2, m1);
+    const F8 up = _mm256_add_ps(_mm256_mul_ps(_mm256_mul_ps(a, k), diff), m1);
+    const F8 down = _mm256_add_ps(_mm256_mul_ps(_mm256_mul_ps(_mm256_sub_ps(ps(240.0f), a), k), diff), m1);
+    return sel(lt(a, ps(60.0f)), up, sel(lt(a, ps(180.0f)), m2, sel(lt(a, ps(240.0f)), down, m1)));
+}
+
+inline void hls8_to_rgb(I8 H, I8 L, I8 S, I8& r, I8& g, I8& b) {
+    const F8 h = _mm256_mul_ps(cvt(H), ps(Hls8u::kHueIn));
+    const F8 l = _mm256_mul_ps(cvt(L), ps(Hls8u::kUnit)), s = _mm256_mul_ps(cvt(S), ps(Hls8u::kUnit));
+    const F8 m2 = sel(le(l, ps(0.5f)), _mm256_mul_ps(l, _mm256_add_ps(ps(1.0f), s)),
+                      _mm256_sub_ps(_mm256_add_ps(l, s), _mm256_mul_ps(l, s)));
+    const F8 m1 = _mm256_sub_ps(_mm256_mul_ps(ps(2.0f), l), m2);
+    F8 ar = _mm256_add_ps(h, ps(120.0f));
+    ar = _mm256_sub_ps(ar, _mm256_and_ps(gt(ar, ps(360.0f)), ps(360.0f)));
+    F8 ab = _mm256_sub_ps(h, ps(120.0f));
+    ab = _mm256_add_ps(ab, _mm256_and_ps(lt(ab, _mm256_setzero_ps()), ps(360.0f)));
+    const I8 gray = eq(S, zero());
+    const F8 k = ps(Hls8u::kMax);
+    r = _mm256_cvttps_epi32(_mm256_mul_ps(sel(gray, l, hls_value(ar, m1, m2)), k));
+    g = _mm256_cvttps_epi32(_mm256_mul_ps(sel(gray, l, hls_value(h, m1, m2)), k));
+    b = _mm256_cvttps_epi32(_mm256_mul_ps(sel(gray, l, hls_value(ab, m1, m2)), k));
+}
+
+// Bytes 8k..8k+7 of a register of 32 bytes as eight 32-bit lanes.
+inline I8 widen(I8 m, int k) {
+    const __m128i h = k < 2 ? _mm256_castsi256_si128(m) : _mm256_extracti128_si256(m, 1);
+    return _mm256_cvtepu8_epi32(k & 1 ? _mm_srli_si128(h, 8) : h);
+}
+
+// Four groups of eight 32-bit lanes to 32 bytes in pixel order, saturated to
+// 0..255 as the SSE2 store does (signed 16-bit, then unsigned 8-bit).
+inline I8 narrow(const I8 g[4]) {
+    const I8 b = _mm256_packus_epi16(_mm256_packs_epi32(g[0], g[1]), _mm256_packs_epi32(g[2], g[3]));
+    return _mm256_permutevar8x32_epi32(b, _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7));
+}
+
+// Byte offsets of the model samples inside a three-byte pixel.
+template <class L>
+struct Offsets;
+template <int O0, int O1, int O2, bool W>
+struct Offsets<Packed<3, O0, O1, O2, W>> {
+    static constexpr int kO0 = O0, kO1 = O1, kO2 = O2;
+};
+
+// 32 three-byte pixels through f, from the side S to the side D.
+template <class Sd, class Dd, class F>
+inline int map32(const SrcRow& s, const DstRow& d, int width, F f) {
+    using S = Offsets<Sd>;
+    using D = Offsets<Dd>;
+    int x = 0;
+    for (; x + 32 <= width; x += 32) {
+        I8 m[3];
+        px256::load3x32(s.p[0] + 3 * x, m);
+        I8 o[3][4];
+        for (int k = 0; k < 4; ++k)
+            f(widen(m[S::kO0], k), widen(m[S::kO1], k), widen(m[S::kO2], k), o[0][k], o[1][k], o[2][k]);
+        I8 out[3];
+        out[D::kO0] = narrow(o[0]);
+        out[D::kO1] = narrow(o[1]);
+        out[D::kO2] = narrow(o[2]);
+        px256::store3x32(d.p[0] + 3 * x, out);
+    }
+    return x;
+}
+
+// The rest of the row from column x (a multiple of 32) through the SSE2 kernel.
+template <class Row>
+inline void rest(Row row, const SrcRow& s, const DstRow& d, int x, int width) {
+    if (x == width) return;
+    const SrcRow s2{{s.p[0] + 3 * ptrdiff_t(x), nullptr, nullptr, nullptr}};
+    const DstRow d2{{d.p[0] + 3 * ptrdiff_t(x), nullptr, nullptr, nullptr}};
+    row(s2, d2, width - x);
+}
+
+}  // namespace
+
+template <class S, class D>
+void innerRGBToHSV_8u_avx2(const SrcRow& s, const DstRow& d, int width) {
+    const auto f = [](I8 a, I8 b, I8 c, I8& x, I8& y, I8& z) { rgb_to_hsv8(a, b, c, x, y, z); };
+    rest(innerRGBToHSV_8u_sse2<S, D>, s, d, map32<S, D>(s, d, width, f), width);
+}
+template <class S, class D>
+void innerHSVToRGB_8u_avx2(const SrcRow& s, const DstRow& d, int width) {
+    const auto f = [](I8 a, I8 b, I8 c, I8& x, I8& y, I8& z) { hsv8_to_rgb(a, b, c, x, y, z); };
+    rest(innerHSVToRGB_8u_sse2<S, D>, s, d, map32<S, D>(s, d, width, f), width);
+}
+template <class S, class D>
+void innerRGBToHLS_8u_avx2(const SrcRow& s, const DstRow& d, int width) {
+    const auto f = [](I8 a, I8 b, I8 c, I8& x, I8& y, I8& z) { rgb_to_hls8(a, b, c, x, y, z); };
+    rest(innerRGBToHLS_8u_sse2<S, D>, s, d, map32<S, D>(s, d, width, f), width);
+}
+template <class S, class D>
+void innerHLSToRGB_8u_avx2(const SrcRow& s, const DstRow& d, int width) {
+    const auto f = [](I8 a, I8 b, I8 c, I8& x, I8& y, I8& z) { hls8_to_rgb(a, b, c, x, y, z); };
+    rest(innerHLSToRGB_8u_sse2<S, D>, s, d, map32<S, D>(s, d, width, f), width);
+}
+
+template void innerRGBToHSV_8u_avx2<Rgb3, Rgb3>(const SrcRow&, const DstRow&, int);
+template void innerHSVToRGB_8u_avx2<Rgb3, Rgb3>(const SrcRow&, const DstRow&, int);
+template void innerRGBToHLS_8u_avx2<Rgb3, Rgb3>(const SrcRow&, const DstRow&, int);
+template void innerHLSToRGB_8u_avx2<Rgb3, Rgb3>(const SrcRow&, const DstRow&, int);
+
+}  // namespace nmq::hsv
