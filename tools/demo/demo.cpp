@@ -107,7 +107,6 @@ Image test_image(int w, int h) {
     return img;
 }
 
-
 namespace {
 
 std::string html_escape(const std::string& s) {
@@ -140,7 +139,7 @@ bool write_sheet(const Context& ctx, const NmqLibVersion* v) {
                  "h1{font-size:20px}h2{font-size:17px;margin:22px 0 8px;border-bottom:1px solid #bbb}\n"
                  ".grid{display:flex;flex-wrap:wrap;gap:10px}\n"
                  "figure{margin:0;padding:6px;background:#fff;border:1px solid #ccc;width:320px}\n"
-                 "figure img{display:block;width:320px;height:auto;image-rendering:pixelated}\n"
+                 "figure img{display:block;width:320px;height:auto}\n"
                  "figcaption{font-size:12px;margin-top:4px;word-break:break-all}\n"
                  ".file{color:#666}.ok{color:#176317}.warn{color:#8a5a00}.err{color:#b00020;font-weight:bold}\n"
                  "table{border-collapse:collapse;font-size:12px;margin-top:8px}"
@@ -160,8 +159,11 @@ bool write_sheet(const Context& ctx, const NmqLibVersion* v) {
         for (const Picture& p : ctx.pictures) {
             if (p.family != fam) continue;
             const int h = p.w > 0 ? 320 * p.h / p.w : 240;
-            std::fprintf(f, "<figure><img src=\"%s\" width=\"320\" height=\"%d\" alt=\"%s\"><figcaption>",
-                         html_escape(p.file).c_str(), h, html_escape(p.file).c_str());
+            // Thumbnails are smoothed (a nearest-pixel reduction would alias the
+            // dither patterns into false tones); the full size is one click away.
+            std::fprintf(f, "<figure><a href=\"%s\"><img src=\"%s\" width=\"320\" height=\"%d\" alt=\"%s\"></a>"
+                            "<figcaption>",
+                         html_escape(p.file).c_str(), html_escape(p.file).c_str(), h, html_escape(p.file).c_str());
             if (p.has_call)
                 std::fprintf(f, "<code>%s</code><br>%s", html_escape(p.function).c_str(), status_html(p.status).c_str());
             else
