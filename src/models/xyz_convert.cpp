@@ -23,21 +23,25 @@ NmqStatus xyz_rows(const T* src, int srcStep, T* dst, int dstStep, ImageSize roi
 
 template <int S>
 NmqStatus myRGBToXYZ_8u_C3R(const Nmq8u* src, int srcStep, Nmq8u* dst, int dstStep, ImageSize roi) {
-    return xyz_rows(src, srcStep, dst, dstStep, roi, pick<Row8u>(innerRGBToXYZ_8u_C3R<S>, innerRGBToXYZ_8u_C3R_sse2<S>));
+    return xyz_rows(src, srcStep, dst, dstStep, roi, pick(Kernels<Row8u>{innerRGBToXYZ_8u_C3R<S>, innerRGBToXYZ_8u_C3R_sse2<S>,
+                                                             S == 3 ? innerRGBToXYZ_8u_C3R_avx2 : nullptr}));
 }
 template <int S>
 NmqStatus myXYZToRGB_8u_C3R(const Nmq8u* src, int srcStep, Nmq8u* dst, int dstStep, ImageSize roi) {
-    return xyz_rows(src, srcStep, dst, dstStep, roi, pick<Row8u>(innerXYZToRGB_8u_C3R<S>, innerXYZToRGB_8u_C3R_sse2<S>));
+    return xyz_rows(src, srcStep, dst, dstStep, roi, pick(Kernels<Row8u>{innerXYZToRGB_8u_C3R<S>, innerXYZToRGB_8u_C3R_sse2<S>,
+                                                             S == 3 ? innerXYZToRGB_8u_C3R_avx2 : nullptr}));
 }
 template <int S>
 NmqStatus myRGBToXYZ_32f_C3R(const Nmq32f* src, int srcStep, Nmq32f* dst, int dstStep, ImageSize roi) {
     return xyz_rows(src, srcStep, dst, dstStep, roi,
-                    pick<Row32f>(innerRGBToXYZ_32f_C3R<S>, innerRGBToXYZ_32f_C3R_sse2<S>));
+                    pick(Kernels<Row32f>{innerRGBToXYZ_32f_C3R<S>, innerRGBToXYZ_32f_C3R_sse2<S>,
+                                         S == 3 ? innerRGBToXYZ_32f_C3R_avx2 : nullptr}));
 }
 template <int S>
 NmqStatus myXYZToRGB_32f_C3R(const Nmq32f* src, int srcStep, Nmq32f* dst, int dstStep, ImageSize roi) {
     return xyz_rows(src, srcStep, dst, dstStep, roi,
-                    pick<Row32f>(innerXYZToRGB_32f_C3R<S>, innerXYZToRGB_32f_C3R_sse2<S>));
+                    pick(Kernels<Row32f>{innerXYZToRGB_32f_C3R<S>, innerXYZToRGB_32f_C3R_sse2<S>,
+                                         S == 3 ? innerXYZToRGB_32f_C3R_avx2 : nullptr}));
 }
 
 }  // namespace

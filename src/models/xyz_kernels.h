@@ -111,6 +111,12 @@ void innerRGBToXYZ_32f_C3R_sse2(const float* src, float* dst, int width);
 template <int S>
 void innerXYZToRGB_32f_C3R_sse2(const float* src, float* dst, int width);
 
+// AVX2 forms of the C3 kernels (xyz_kernels_avx2.cpp).
+void innerRGBToXYZ_8u_C3R_avx2(const uint8_t* src, uint8_t* dst, int width);
+void innerXYZToRGB_8u_C3R_avx2(const uint8_t* src, uint8_t* dst, int width);
+void innerRGBToXYZ_32f_C3R_avx2(const float* src, float* dst, int width);
+void innerXYZToRGB_32f_C3R_avx2(const float* src, float* dst, int width);
+
 using Row8u = void (*)(const uint8_t*, uint8_t*, int);
 using Row32f = void (*)(const float*, float*, int);
 

@@ -1,0 +1,139 @@
+// AVX2 forms of the C3 XYZ kernels: the arithmetic of the SSE2 forms
+// (xyz_kernels_sse2.cpp) on twice the lanes, so the bytes are the same; the
+// rest of a row goes to the SSE2 form.
+//
+// 8u: 32 pixels per step, eight per group of 32-bit lanes, each sample as the
+// pair (128 x, x) multiplied with the split coefficient (c >> 7, c & 127).
+// 32f: eight pixels per step, pixels 0-3 in the low lane and 4-7 in the high
+// one, shuffled lane by lane as the SSE2 form shuffles four pixels.
+#include <immintrin.h>
+
+#include "models/gray_pixels_avx2.h"
+#include "models/xyz_kernels.h"
+
+namespace nmq::xyz {
+namespace {
+
+using I8 = __m256i;
+using F8 = __m256;
+
+// ---- 8u -------------------------------------------------------------------------
+
+struct FixedMatrix {
+    I8 k[9];
+    explicit FixedMatrix(const int32_t* m) {
+        for (int i = 0; i < 9; ++i)
+            k[i] = _mm256_set1_epi32(int32_t(uint32_t(m[i] & 127) << 16 | (uint32_t(m[i] >> 7) & 0xFFFFu)));
+    }
+};
+
+// Bytes 8j..8j+7 of a 32-byte register as pairs (128 x, x) in 32-bit lanes.
+inline I8 pairs(I8 m, int j) {
+    const __m128i h = j < 2 ? _mm256_castsi256_si128(m) : _mm256_extracti128_si256(m, 1);
+    const I8 x = _mm256_cvtepu8_epi32(j & 1 ? _mm_srli_si128(h, 8) : h);
+    return _mm256_or_si256(_mm256_slli_epi32(x, 7), _mm256_slli_epi32(x, 16));
+}
+
+// Four groups of eight 32-bit results to 32 bytes in pixel order, clamped to
+// 0..255 through the signed 16-bit and unsigned 8-bit packs.
+inline I8 narrow(const I8 g[4]) {
+    const I8 b = _mm256_packus_epi16(_mm256_packs_epi32(g[0], g[1]), _mm256_packs_epi32(g[2], g[3]));
+    return _mm256_permutevar8x32_epi32(b, _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7));
+}
+
+template <bool Forward>
+void fixed_rows_c3(const uint8_t* src, uint8_t* dst, int width) {
+    const FixedMatrix m(Forward ? RGBToXYZ_8u : XYZToRGB_8u);
+    int x = 0;
+    for (; x + 32 <= width; x += 32) {
+        I8 c[3];
+        px256::load3x32(src + 3 * x, c);
+        I8 o[3][4];
+        for (int j = 0; j < 4; ++j) {
+            const I8 p0 = pairs(c[0], j), p1 = pairs(c[1], j), p2 = pairs(c[2], j);
+            for (int k = 0; k < 3; ++k) {
+                const I8 s = _mm256_add_epi32(
+                    _mm256_add_epi32(_mm256_madd_epi16(p0, m.k[k]), _mm256_madd_epi16(p1, m.k[3 + k])),
+                    _mm256_madd_epi16(p2, m.k[6 + k]));
+                o[k][j] = _mm256_srai_epi32(s, 16);
+            }
+        }
+        const I8 out[3] = {narrow(o[0]), narrow(o[1]), narrow(o[2])};
+        px256::store3x32(dst + 3 * x, out);
+    }
+    if (Forward) innerRGBToXYZ_8u_C3R_sse2<3>(src + 3 * x, dst + 3 * x, width - x);
+    else innerXYZToRGB_8u_C3R_sse2<3>(src + 3 * x, dst + 3 * x, width - x);
+}
+
+// ---- 32f ------------------------------------------------------------------------
+
+inline F8 ld2f(const float* a, const float* b) { return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(a)), _mm_loadu_ps(b), 1); }
+
+// Eight C3 pixels to planes a, b, c (pixels 0-3 low lane, 4-7 high lane).
+inline void load3f(const float* p, F8& a, F8& b, F8& c) {
+    const F8 i0 = ld2f(p, p + 12), i1 = ld2f(p + 4, p + 16), i2 = ld2f(p + 8, p + 20);
+    const F8 u = _mm256_shuffle_ps(i1, i2, _MM_SHUFFLE(1, 0, 0, 2));
+    a = _mm256_shuffle_ps(i0, u, _MM_SHUFFLE(3, 0, 3, 0));
+    const F8 g0 = _mm256_shuffle_ps(i0, i1, _MM_SHUFFLE(0, 0, 1, 1));
+    const F8 g1 = _mm256_shuffle_ps(i1, i2, _MM_SHUFFLE(0, 2, 0, 3));
+    b = _mm256_shuffle_ps(g0, g1, _MM_SHUFFLE(2, 0, 2, 0));
+    const F8 b0 = _mm256_shuffle_ps(i0, i1, _MM_SHUFFLE(1, 1, 2, 2));
+    c = _mm256_shuffle_ps(b0, i2, _MM_SHUFFLE(3, 0, 2, 0));
+}
+
+inline void store3f(float* p, F8 a, F8 b, F8 c) {
+    const F8 ab = _mm256_unpacklo_ps(a, b);
+    const F8 ca = _mm256_shuffle_ps(c, a, _MM_SHUFFLE(1, 1, 0, 0));
+    const F8 o0 = _mm256_shuffle_ps(ab, ca, _MM_SHUFFLE(2, 0, 1, 0));
+    const F8 bc = _mm256_shuffle_ps(b, c, _MM_SHUFFLE(1, 1, 1, 1));
+    const F8 ab2 = _mm256_shuffle_ps(a, b, _MM_SHUFFLE(2, 2, 2, 2));
+    const F8 o1 = _mm256_shuffle_ps(bc, ab2, _MM_SHUFFLE(2, 0, 2, 0));
+    const F8 ca3 = _mm256_shuffle_ps(c, a, _MM_SHUFFLE(3, 3, 2, 2));
+    const F8 bc3 = _mm256_shuffle_ps(b, c, _MM_SHUFFLE(3, 3, 3, 3));
+    const F8 o2 = _mm256_shuffle_ps(ca3, bc3, _MM_SHUFFLE(2, 0, 2, 0));
+    // Low lanes hold floats 0-11, high lanes 12-23.
+    _mm256_storeu_ps(p, _mm256_permute2f128_ps(o0, o1, 0x20));
+    _mm256_storeu_ps(p + 8, _mm256_permute2f128_ps(o2, o0, 0x30));
+    _mm256_storeu_ps(p + 16, _mm256_permute2f128_ps(o1, o2, 0x31));
+}
+
+inline F8 frow(const float* m, int k, F8 a, F8 b, F8 c) {
+    return _mm256_add_ps(_mm256_add_ps(_mm256_mul_ps(a, _mm256_set1_ps(m[k])), _mm256_mul_ps(b, _mm256_set1_ps(m[3 + k]))),
+                         _mm256_mul_ps(c, _mm256_set1_ps(m[6 + k])));
+}
+
+// The SSE2 comparisons: NaN gives 0 in max, 1 in min.
+inline F8 vmax0(F8 v) { return _mm256_max_ps(v, _mm256_setzero_ps()); }
+inline F8 vmin1(F8 v) { return _mm256_min_ps(v, _mm256_set1_ps(1.0f)); }
+inline F8 vclamp_inv(F8 v) { return vmin1(_mm256_andnot_ps(_mm256_cmp_ps(v, _mm256_setzero_ps(), _CMP_LT_OS), v)); }
+
+template <bool Forward>
+void float_rows_c3(const float* src, float* dst, int width) {
+    int x = 0;
+    for (; x + 8 <= width; x += 8) {
+        F8 a, b, c;
+        load3f(src + 3 * x, a, b, c);
+        F8 o0, o1, o2;
+        if (Forward) {
+            o0 = frow(RGBToXYZ, 0, a, b, c);
+            o1 = frow(RGBToXYZ, 1, a, b, c);
+            o2 = vmin1(vmax0(frow(RGBToXYZ, 2, a, b, c)));
+        } else {
+            o0 = vclamp_inv(frow(XYZToRGB, 0, a, b, c));
+            o1 = vclamp_inv(frow(XYZToRGB, 1, a, b, c));
+            o2 = vclamp_inv(frow(XYZToRGB, 2, a, b, c));
+        }
+        store3f(dst + 3 * x, o0, o1, o2);
+    }
+    if (Forward) innerRGBToXYZ_32f_C3R_sse2<3>(src + 3 * x, dst + 3 * x, width - x);
+    else innerXYZToRGB_32f_C3R_sse2<3>(src + 3 * x, dst + 3 * x, width - x);
+}
+
+}  // namespace
+
+void innerRGBToXYZ_8u_C3R_avx2(const uint8_t* src, uint8_t* dst, int width) { fixed_rows_c3<true>(src, dst, width); }
+void innerXYZToRGB_8u_C3R_avx2(const uint8_t* src, uint8_t* dst, int width) { fixed_rows_c3<false>(src, dst, width); }
+void innerRGBToXYZ_32f_C3R_avx2(const float* src, float* dst, int width) { float_rows_c3<true>(src, dst, width); }
+void innerXYZToRGB_32f_C3R_avx2(const float* src, float* dst, int width) { float_rows_c3<false>(src, dst, width); }
+
+}  // namespace nmq::xyz
