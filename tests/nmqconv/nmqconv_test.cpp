@@ -342,7 +342,7 @@ TEST_F(Conv, BadInputFailsCleanly) {
     const Bytes png = slurp(path("t.png")), ppm = slurp(path("t.ppm")), jpg = slurp(path("t.jpg"));
     spit(path("short.png"), Bytes(png.begin(), png.begin() + long(png.size() / 2)));
     spit(path("short.ppm"), Bytes(ppm.begin(), ppm.end() - 7));
-    spit(path("short.jpg"), Bytes(jpg.begin(), jpg.end() - 40));
+    if (jpeg) spit(path("short.jpg"), Bytes(jpg.begin(), jpg.end() - 40));
     Bytes odd = slurp(path("t.nv12"));
     odd.pop_back();
     spit(path("odd.nv12"), odd);
