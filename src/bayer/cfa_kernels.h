@@ -6,8 +6,8 @@
 //   X site:  X copied, G from the neighbours, Y from the four diagonals;
 //   G site:  X from the left and right pair, G copied, Y from the pair above
 //            and below.
-// The scalar kernels below define the bits; the SSE2 interior kernels give the
-// same bytes.
+// The scalar kernels below define the bits; the SSE2 and AVX2 interior kernels
+// give the same bytes.
 #pragma once
 
 #include <cstdint>
@@ -89,6 +89,12 @@ void ownBayerBorderRow(const T* a, const T* c, const T* b, T* d, int x0, int x1,
 void ownBayerInteriorRow_sse2(const uint8_t* a, const uint8_t* c, const uint8_t* b, uint8_t* d, int n, bool red_row,
                               bool green_first);
 void ownBayerInteriorRow_sse2(const uint16_t* a, const uint16_t* c, const uint16_t* b, uint16_t* d, int n,
+                              bool red_row, bool green_first);
+
+// AVX2 interior kernels (run only on CPUs that have AVX2): the same bytes again.
+void ownBayerInteriorRow_avx2(const uint8_t* a, const uint8_t* c, const uint8_t* b, uint8_t* d, int n, bool red_row,
+                              bool green_first);
+void ownBayerInteriorRow_avx2(const uint16_t* a, const uint16_t* c, const uint16_t* b, uint16_t* d, int n,
                               bool red_row, bool green_first);
 
 }  // namespace nmq::cfa

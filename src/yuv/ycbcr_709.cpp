@@ -3,11 +3,13 @@
 // planes and odd-size statuses as the BT.601 functions.
 #include "nmqcc.h"
 #include "yuv/ycbcr_drivers.h"
+#include "yuv/ycbcr_avx2.h"
 #include "yuv/ycbcr_sse2.h"
 
 using namespace nmq;
 using namespace nmq::ycc;
 namespace s2 = nmq::ycc::sse2;
+namespace a2 = nmq::ycc::avx2;
 
 namespace {
 
@@ -21,7 +23,7 @@ NmqStatus bgr_to420p3(const Nmq8u* src, int srcStep, Nmq8u* const dst[3], const 
     if (bad_size(roi)) return nmqStsSize;
     if (null3(dst)) return nmqStsNullPtr;
     rgb_to_420(roi, PixIn{src, srcStep, true, SS}, y420_planes(dst, dstStep, Swap),
-               pick<Fwd420Fn>(fwd420_rows<F, RgbIn>, s2::fwd420<F, true, SS>));
+               pick(Kernels<Fwd420Fn>{fwd420_rows<F, RgbIn>, s2::fwd420<F, true, SS>, a2::fwd420<F, true, SS>}));
     return ok_or_odd(odd(roi));
 }
 
@@ -30,7 +32,8 @@ NmqStatus bgr_to_cbycr422(const Nmq8u* src, int srcStep, Nmq8u* dst, int dstStep
     if (any_null(src, dst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
     each_row(roi, PixIn{src, srcStep, true, SS}, Y422PackedOut{dst, dstStep, Order::CbYCr},
-             pick<Fwd422Fn>(fwd422_row<F, RgbIn>, s2::fwd422<F, true, SS, int(Order::CbYCr)>));
+             pick(Kernels<Fwd422Fn>{fwd422_row<F, RgbIn>, s2::fwd422<F, true, SS, int(Order::CbYCr)>,
+                                           a2::fwd422<F, true, SS, int(Order::CbYCr)>}));
     return nmqStsOk;
 }
 
@@ -39,7 +42,7 @@ NmqStatus cbycr422_to_bgr(const Nmq8u* src, int srcStep, Nmq8u* dst, int dstStep
     if (any_null(src, dst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
     each_row(roi, Y422PackedIn{src, srcStep, Order::CbYCr}, PixOut{dst, dstStep, true, DS, DS == 4},
-             pick<Inv422Fn>(inv422_row<I>, s2::inv422<I, Order::CbYCr, true, DS>));
+             pick(Kernels<Inv422Fn>{inv422_row<I>, s2::inv422<I, Order::CbYCr, true, DS>, a2::inv422<I, Order::CbYCr, true, DS>}));
     return nmqStsOk;
 }
 
@@ -49,7 +52,7 @@ NmqStatus from420_bgr(const Nmq8u* const src[3], const int srcStep[3], Nmq8u* ds
     if (bad_size(roi)) return nmqStsSize;
     if (null3(src)) return nmqStsNullPtr;
     from_420(roi, y420_planes_in(src, srcStep, false), PixOut{dst, dstStep, true, DS, DS == 4},
-             pick<Inv420Fn>(inv420_rows<I>, s2::inv420<I, true, DS>));
+             pick(Kernels<Inv420Fn>{inv420_rows<I>, s2::inv420<I, true, DS>, a2::inv420<I, true, DS>}));
     return ok_or_odd(odd(roi));
 }
 
@@ -78,7 +81,8 @@ NMQ_EXPORT NmqStatus nmqiBGRToYCbCr420_709CSC_8u_C3P2R(const Nmq8u* pSrc, int sr
     if (any_null(pSrc, pDstY, pDstCbCr)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
     rgb_to_420(roi, PixIn{pSrc, srcStep, true, 3}, y420_p2(pDstY, dstYStep, pDstCbCr, dstCbCrStep, false),
-               pick<Fwd420Fn>(fwd420_rows<Fwd709Csc, RgbIn>, s2::fwd420<Fwd709Csc, true, 3>));
+               pick(Kernels<Fwd420Fn>{fwd420_rows<Fwd709Csc, RgbIn>, s2::fwd420<Fwd709Csc, true, 3>,
+                                         a2::fwd420<Fwd709Csc, true, 3>}));
     return ok_or_odd(odd(roi));
 }
 NMQ_EXPORT NmqStatus nmqiBGRToYCrCb420_709CSC_8u_C3P3R(const Nmq8u* pSrc, int srcStep, Nmq8u* const pDst[3],

@@ -3,24 +3,34 @@
 // kernel of ycbcr_kernels.h, or to its SSE2 form where there is one.
 #include "nmqcc.h"
 #include "yuv/ycbcr_drivers.h"
+#include "yuv/ycbcr_avx2.h"
 #include "yuv/ycbcr_sse2.h"
 
 using namespace nmq;
 using namespace nmq::ycc;
 namespace s2 = nmq::ycc::sse2;
+namespace a2 = nmq::ycc::avx2;
 
 namespace {
 
 constexpr bool kRgb = false, kBgr = true;
 
 template <bool Bgr, int SS, int D>
-Fwd422Fn fwd422k() { return pick<Fwd422Fn>(fwd422_row<Fwd601, RgbIn>, s2::fwd422<Fwd601, Bgr, SS, D>); }
+Fwd422Fn fwd422k() {
+    return pick(Kernels<Fwd422Fn>{fwd422_row<Fwd601, RgbIn>, s2::fwd422<Fwd601, Bgr, SS, D>, a2::fwd422<Fwd601, Bgr, SS, D>});
+}
 template <bool Bgr, int SS>
-Fwd420Fn fwd420k() { return pick<Fwd420Fn>(fwd420_rows<Fwd601, RgbIn>, s2::fwd420<Fwd601, Bgr, SS>); }
+Fwd420Fn fwd420k() {
+    return pick(Kernels<Fwd420Fn>{fwd420_rows<Fwd601, RgbIn>, s2::fwd420<Fwd601, Bgr, SS>, a2::fwd420<Fwd601, Bgr, SS>});
+}
 template <Order O, bool Bgr, int DS>
-Inv422Fn inv422k() { return pick<Inv422Fn>(inv422_row<Inv601Sub>, s2::inv422<Inv601Sub, O, Bgr, DS>); }
+Inv422Fn inv422k() {
+    return pick(Kernels<Inv422Fn>{inv422_row<Inv601Sub>, s2::inv422<Inv601Sub, O, Bgr, DS>, a2::inv422<Inv601Sub, O, Bgr, DS>});
+}
 template <bool Bgr, int DS>
-Inv420Fn inv420k() { return pick<Inv420Fn>(inv420_rows<Inv601Sub>, s2::inv420<Inv601Sub, Bgr, DS>); }
+Inv420Fn inv420k() {
+    return pick(Kernels<Inv420Fn>{inv420_rows<Inv601Sub>, s2::inv420<Inv601Sub, Bgr, DS>, a2::inv420<Inv601Sub, Bgr, DS>});
+}
 template <int SS, bool Bgr, int DS>
 Inv444Fn inv444k() { return pick<Inv444Fn>(inv444_row<Inv601Full>, s2::inv444<Inv601Full, SS, Bgr, DS>); }
 template <int SS, int DS>

@@ -1,0 +1,392 @@
+// AVX2 blocks of the YCbCr row kernels. A block of 32 pixels keeps pixels
+// 0-15 in the low 128-bit lane and 16-31 in the high one, so each lane runs
+// the arithmetic of one 16-pixel block of the SSE2 kernels (ycbcr_sse2.h),
+// lane for lane, and gives the scalar bytes; only loads and stores cross
+// lanes. Three-byte pixels are split and merged with byte shuffles. Nothing
+// here calls the inline kernels of the headers (see ycbcr_avx2.h).
+#include <immintrin.h>
+
+#include <utility>
+
+#include "yuv/ycbcr_avx2.h"
+
+namespace nmq::ycc::avx2 {
+namespace {
+
+using V = __m256i;
+using H = __m128i;
+
+inline H ld16(const uint8_t* p) { return _mm_loadu_si128(reinterpret_cast<const H*>(p)); }
+inline V ld32(const uint8_t* p) { return _mm256_loadu_si256(reinterpret_cast<const V*>(p)); }
+// Sixteen bytes at a to the low lane, sixteen at b to the high one.
+inline V ld2(const uint8_t* a, const uint8_t* b) {
+    return _mm256_inserti128_si256(_mm256_castsi128_si256(ld16(a)), ld16(b), 1);
+}
+inline void st16(uint8_t* p, H v) { _mm_storeu_si128(reinterpret_cast<H*>(p), v); }
+inline void st32(uint8_t* p, V v) { _mm256_storeu_si256(reinterpret_cast<V*>(p), v); }
+inline V c16(int v) { return _mm256_set1_epi16(int16_t(v)); }
+inline V c32(int v) { return _mm256_set1_epi32(v); }
+// A 32-bit lane holding two 16-bit weights, lo in the low half (pmaddwd pairs).
+inline V pair16(int lo, int hi) { return _mm256_set1_epi32(int32_t(uint32_t(uint16_t(lo)) | uint32_t(uint16_t(hi)) << 16)); }
+inline V lo16(V x) { return _mm256_unpacklo_epi8(x, _mm256_setzero_si256()); }
+inline V hi16(V x) { return _mm256_unpackhi_epi8(x, _mm256_setzero_si256()); }
+// Lanes [a.lo, b.lo] and [a.hi, b.hi].
+inline V lows(V a, V b) { return _mm256_permute2x128_si256(a, b, 0x20); }
+inline V highs(V a, V b) { return _mm256_permute2x128_si256(a, b, 0x31); }
+
+// Byte-shuffle masks (per 128-bit lane). For 16 three-byte pixels in three
+// registers, gather[r][ch] picks channel ch of the pixels held in register r
+// and scatter[r][ch] places channel ch into output register r. gather4 sorts
+// four 4-byte pixels by channel; zip/zip_swap interleave the low and high
+// eight bytes. 0x80 clears a byte.
+struct Masks {
+    int8_t gather[3][3][16], scatter[3][3][16], gather4[16], zip[16], zip_swap[16];
+    constexpr Masks() : gather(), scatter(), gather4(), zip(), zip_swap() {
+        for (int r = 0; r < 3; ++r)
+            for (int ch = 0; ch < 3; ++ch)
+                for (int j = 0; j < 16; ++j) {
+                    const int g = 3 * j + ch;  // byte of pixel j, channel ch
+                    gather[r][ch][j] = int8_t(g / 16 == r ? g % 16 : 0x80);
+                    const int o = 16 * r + j;  // output byte
+                    scatter[r][ch][j] = int8_t(o % 3 == ch ? o / 3 : 0x80);
+                }
+        for (int j = 0; j < 16; ++j) {
+            gather4[j] = int8_t(4 * (j % 4) + j / 4);
+            zip[j] = int8_t(j / 2 + (j % 2) * 8);
+            zip_swap[j] = int8_t(j / 2 + (1 - j % 2) * 8);
+        }
+    }
+};
+constexpr Masks kM{};
+
+inline V mask(const int8_t* m) { return _mm256_broadcastsi128_si256(ld16(reinterpret_cast<const uint8_t*>(m))); }
+
+// 32 three-byte pixels (96 bytes) to their bytes 0, 1, 2.
+inline void load3(const uint8_t* q, V& c0, V& c1, V& c2) {
+    const V in[3] = {ld2(q, q + 48), ld2(q + 16, q + 64), ld2(q + 32, q + 80)};
+    V m[3];
+    for (int ch = 0; ch < 3; ++ch) {
+        V x = _mm256_shuffle_epi8(in[0], mask(kM.gather[0][ch]));
+        x = _mm256_or_si256(x, _mm256_shuffle_epi8(in[1], mask(kM.gather[1][ch])));
+        m[ch] = _mm256_or_si256(x, _mm256_shuffle_epi8(in[2], mask(kM.gather[2][ch])));
+    }
+    c0 = m[0];
+    c1 = m[1];
+    c2 = m[2];
+}
+
+// 32 four-byte pixels (128 bytes) to their bytes 0, 1, 2.
+inline void load4(const uint8_t* q, V& c0, V& c1, V& c2) {
+    const V g = mask(kM.gather4);
+    const V a = _mm256_shuffle_epi8(ld2(q, q + 64), g), b = _mm256_shuffle_epi8(ld2(q + 16, q + 80), g);
+    const V c = _mm256_shuffle_epi8(ld2(q + 32, q + 96), g), d = _mm256_shuffle_epi8(ld2(q + 48, q + 112), g);
+    const V ab = _mm256_unpacklo_epi32(a, b), cd = _mm256_unpacklo_epi32(c, d);
+    c0 = _mm256_unpacklo_epi64(ab, cd);
+    c1 = _mm256_unpackhi_epi64(ab, cd);
+    c2 = _mm256_unpacklo_epi64(_mm256_unpackhi_epi32(a, b), _mm256_unpackhi_epi32(c, d));
+}
+
+// R, G, B bytes of 32 pixels from x on. SS: 1 planes, 3 or 4 interleaved
+// bytes per pixel (the fourth is ignored).
+template <bool Bgr, int SS>
+inline void load32(const RgbIn& in, ptrdiff_t x, V& R, V& G, V& B) {
+    if constexpr (SS == 1) {
+        R = ld32(in.r + x);
+        G = ld32(in.g + x);
+        B = ld32(in.b + x);
+    } else {
+        const uint8_t* p = (Bgr ? in.b : in.r) + x * SS;
+        V c0, c1, c2;
+        if constexpr (SS == 3) load3(p, c0, c1, c2);
+        else load4(p, c0, c1, c2);
+        R = Bgr ? c2 : c0;
+        G = c1;
+        B = Bgr ? c0 : c2;
+    }
+}
+
+// 32 pixels of R, G, B bytes to an interleaved row (DS = 3, or 4 with alpha
+// 0xFF) or to planes (DS = 1).
+template <bool Bgr, int DS>
+inline void store32(const RgbOut& o, ptrdiff_t x, V R, V G, V B) {
+    if constexpr (DS == 1) {
+        st32(o.r + x, R);
+        st32(o.g + x, G);
+        st32(o.b + x, B);
+        return;
+    }
+    if constexpr (Bgr) std::swap(R, B);
+    uint8_t* p = (Bgr ? o.b : o.r) + x * DS;
+    if constexpr (DS == 4) {
+        const V ones = _mm256_set1_epi8(-1);
+        const V rg0 = _mm256_unpacklo_epi8(R, G), rg1 = _mm256_unpackhi_epi8(R, G);
+        const V ba0 = _mm256_unpacklo_epi8(B, ones), ba1 = _mm256_unpackhi_epi8(B, ones);
+        const V q0 = _mm256_unpacklo_epi16(rg0, ba0), q1 = _mm256_unpackhi_epi16(rg0, ba0);
+        const V q2 = _mm256_unpacklo_epi16(rg1, ba1), q3 = _mm256_unpackhi_epi16(rg1, ba1);
+        st32(p, lows(q0, q1));
+        st32(p + 32, lows(q2, q3));
+        st32(p + 64, highs(q0, q1));
+        st32(p + 96, highs(q2, q3));
+    } else {
+        const V m[3] = {R, G, B};
+        V out[3];
+        for (int r = 0; r < 3; ++r) {
+            V v = _mm256_shuffle_epi8(m[0], mask(kM.scatter[r][0]));
+            v = _mm256_or_si256(v, _mm256_shuffle_epi8(m[1], mask(kM.scatter[r][1])));
+            out[r] = _mm256_or_si256(v, _mm256_shuffle_epi8(m[2], mask(kM.scatter[r][2])));
+        }
+        st32(p, lows(out[0], out[1]));
+        st32(p + 32, _mm256_permute2x128_si256(out[2], out[0], 0x30));
+        st32(p + 64, highs(out[1], out[2]));
+    }
+}
+
+// ---------------------------------------------------------------- forward
+
+// Luma of 16 pixels (16-bit lanes); K holds the offset of each pixel.
+template <class F>
+inline V luma16(V R, V G, V B, V K) {
+    constexpr int hi = F::yg > 32767 ? 1 : 0;
+    constexpr int lo = F::yg - hi * (1 << F::S);
+    const V wrg = pair16(F::yr, lo), wb = pair16(F::yb, 0), z = _mm256_setzero_si256();
+    const V l = _mm256_add_epi32(_mm256_add_epi32(_mm256_madd_epi16(_mm256_unpacklo_epi16(R, G), wrg),
+                                                  _mm256_madd_epi16(_mm256_unpacklo_epi16(B, z), wb)), K);
+    const V h = _mm256_add_epi32(_mm256_add_epi32(_mm256_madd_epi16(_mm256_unpackhi_epi16(R, G), wrg),
+                                                  _mm256_madd_epi16(_mm256_unpackhi_epi16(B, z), wb)), K);
+    const V y = _mm256_packs_epi32(_mm256_srai_epi32(l, F::S), _mm256_srai_epi32(h, F::S));
+    return hi ? _mm256_add_epi16(y, G) : y;
+}
+
+// Luma bytes of 32 pixels given as bytes.
+template <class F>
+inline V luma32(V R, V G, V B, V K) {
+    return _mm256_packus_epi16(luma16<F>(lo16(R), lo16(G), lo16(B), K), luma16<F>(hi16(R), hi16(G), hi16(B), K));
+}
+
+// Chroma of 8 horizontal pairs (16 lanes of values or of two-row sums).
+template <class F, int N>
+inline V chroma_pairs(V R, V G, V B, int wr, int wg, int wb) {
+    const V s = _mm256_add_epi32(_mm256_add_epi32(_mm256_madd_epi16(R, c16(wr)), _mm256_madd_epi16(G, c16(wg))),
+                                 _mm256_add_epi32(_mm256_madd_epi16(B, c16(wb)), c32(F::ck * (1 << N))));
+    return _mm256_srai_epi32(s, F::S + N);
+}
+
+// Cb and Cr of 16 pairs given as sums in 16-bit lanes (pairs 0-3 in R0's
+// low lane, 4-7 in R1's, 8-11 and 12-15 in their high lanes), as bytes: Cb of
+// pairs 0-7, Cr of 0-7 in the low lane, Cb and Cr of 8-15 in the high one.
+template <class F, int N>
+inline V chroma_bytes(V R0, V G0, V B0, V R1, V G1, V B1) {
+    V cb = _mm256_packs_epi32(chroma_pairs<F, N>(R0, G0, B0, F::br, F::bg, F::bb),
+                              chroma_pairs<F, N>(R1, G1, B1, F::br, F::bg, F::bb));
+    V cr = _mm256_packs_epi32(chroma_pairs<F, N>(R0, G0, B0, F::rr, F::rg, F::rb),
+                              chroma_pairs<F, N>(R1, G1, B1, F::rr, F::rg, F::rb));
+    if constexpr (!F::clamp) {  // the low byte of each value: see bytes8 in ycbcr_sse2.h
+        cb = _mm256_and_si256(cb, c16(0xFF));
+        cr = _mm256_and_si256(cr, c16(0xFF));
+    }
+    return _mm256_packus_epi16(cb, cr);
+}
+
+// The chroma bytes above as 16 Cb (low half) and 16 Cr (high half).
+inline V planar(V c) { return _mm256_permute4x64_epi64(c, 0xD8); }
+inline void store_planar(uint8_t* cb, uint8_t* cr, V c) {
+    const V p = planar(c);
+    st16(cb, _mm256_castsi256_si128(p));
+    st16(cr, _mm256_extracti128_si256(p, 1));
+}
+
+}  // namespace
+
+template <class F, bool Bgr, int SS>
+int fwd420_blocks(const RgbIn& s0, const RgbIn& s1, const Ycc420& o, int x0, int w) {
+    const V K = c32(F::yk);
+    const V zip = mask(o.cr < o.cb ? kM.zip_swap : kM.zip);
+    ptrdiff_t x = x0;
+    for (; x + 32 <= w; x += 32) {
+        V R0, G0, B0, R1, G1, B1;
+        load32<Bgr, SS>(s0, x, R0, G0, B0);
+        load32<Bgr, SS>(s1, x, R1, G1, B1);
+        st32(o.y0 + x, luma32<F>(R0, G0, B0, K));
+        st32(o.y1 + x, luma32<F>(R1, G1, B1, K));
+        const V C = chroma_bytes<F, 2>(
+            _mm256_add_epi16(lo16(R0), lo16(R1)), _mm256_add_epi16(lo16(G0), lo16(G1)), _mm256_add_epi16(lo16(B0), lo16(B1)),
+            _mm256_add_epi16(hi16(R0), hi16(R1)), _mm256_add_epi16(hi16(G0), hi16(G1)), _mm256_add_epi16(hi16(B0), hi16(B1)));
+        if (o.cs == 1) store_planar(o.cb + x / 2, o.cr + x / 2, C);
+        else st32((o.cr < o.cb ? o.cr : o.cb) + x, _mm256_shuffle_epi8(C, zip));
+    }
+    return int(x);
+}
+
+// D: 0..2 packed in the byte order of Order, 3 planes.
+template <class F, bool Bgr, int SS, int D>
+int fwd422_blocks(const RgbIn& in, const Ycc422& o, int x0, int w) {
+    const V K = _mm256_set_epi32(F::yk2, F::yk, F::yk2, F::yk, F::yk2, F::yk, F::yk2, F::yk);
+    ptrdiff_t x = x0;
+    for (; x + 32 <= w; x += 32) {
+        V R, G, B;
+        load32<Bgr, SS>(in, x, R, G, B);
+        const V Y = luma32<F>(R, G, B, K);
+        const V C = chroma_bytes<F, 1>(lo16(R), lo16(G), lo16(B), hi16(R), hi16(G), hi16(B));
+        if constexpr (D == 3) {
+            st32(o.y + x, Y);
+            store_planar(o.cb + x / 2, o.cr + x / 2, C);
+        } else {
+            // Chroma pairs in stored order, then merged with luma.
+            const V P = _mm256_shuffle_epi8(C, mask(D == int(Order::YCrCb) ? kM.zip_swap : kM.zip));
+            const bool cfirst = D == int(Order::CbYCr);
+            const V a = cfirst ? _mm256_unpacklo_epi8(P, Y) : _mm256_unpacklo_epi8(Y, P);
+            const V b = cfirst ? _mm256_unpackhi_epi8(P, Y) : _mm256_unpackhi_epi8(Y, P);
+            uint8_t* p = (cfirst ? o.cb : o.y) + 2 * x;
+            st32(p, lows(a, b));
+            st32(p + 32, highs(a, b));
+        }
+    }
+    return int(x);
+}
+
+// ---------------------------------------------------------------- inverse
+
+namespace {
+
+// R, G, B (16-bit, before the clamp) of 16 pixels; the same arithmetic as
+// InvCore in ycbcr_sse2.h, which explains the split weights.
+template <class I>
+struct InvCore;
+
+template <int KR, int KG, int KB>
+struct InvCore<Inv601<KR, KG, KB>> {
+    static void run(V Y, V Cb, V Cr, V& R, V& G, V& B) {
+        const V ycl = _mm256_unpacklo_epi16(Y, Cr), ych = _mm256_unpackhi_epi16(Y, Cr);
+        const V cyl = _mm256_unpacklo_epi16(Cb, Y), cyh = _mm256_unpackhi_epi16(Cb, Y);
+        const V wr = pair16(10748, -26477), wg1 = pair16(10748, 12255), wg2 = pair16(-25690, 0), wb = pair16(1114, 10748);
+        const auto fin = [](V l, V h, int k) {
+            const V kk = c32(k);
+            return _mm256_packs_epi32(_mm256_srai_epi32(_mm256_add_epi32(l, kk), 16),
+                                      _mm256_srai_epi32(_mm256_add_epi32(h, kk), 16));
+        };
+        R = _mm256_add_epi16(fin(_mm256_madd_epi16(ycl, wr), _mm256_madd_epi16(ych, wr), KR),
+                             _mm256_add_epi16(Y, _mm256_add_epi16(Cr, Cr)));
+        G = _mm256_add_epi16(fin(_mm256_add_epi32(_mm256_madd_epi16(ycl, wg1), _mm256_madd_epi16(cyl, wg2)),
+                                 _mm256_add_epi32(_mm256_madd_epi16(ych, wg1), _mm256_madd_epi16(cyh, wg2)), KG),
+                             _mm256_sub_epi16(Y, Cr));
+        B = _mm256_add_epi16(fin(_mm256_madd_epi16(cyl, wb), _mm256_madd_epi16(cyh, wb), KB),
+                             _mm256_add_epi16(Y, _mm256_add_epi16(Cb, Cb)));
+    }
+};
+
+template <int CY, int YOFF, int CRR, int CBG, int CRG, int CBB>
+struct InvCore<Inv709<CY, YOFF, CRR, CBG, CRG, CBB>> {
+    static void run(V Y, V Cb, V Cr, V& R, V& G, V& B) {
+        const V yt = CY ? _mm256_mulhi_epi16(_mm256_slli_epi16(_mm256_sub_epi16(Y, c16(YOFF)), 3), c16(CY)) : Y;
+        const V cb = _mm256_slli_epi16(_mm256_sub_epi16(Cb, c16(128)), 3);
+        const V cr = _mm256_slli_epi16(_mm256_sub_epi16(Cr, c16(128)), 3);
+        R = _mm256_add_epi16(yt, _mm256_mulhi_epi16(cr, c16(CRR)));
+        G = _mm256_add_epi16(_mm256_add_epi16(yt, _mm256_mulhi_epi16(cb, c16(CBG))), _mm256_mulhi_epi16(cr, c16(CRG)));
+        B = _mm256_add_epi16(yt, _mm256_mulhi_epi16(cb, c16(CBB)));
+    }
+};
+
+// 32 pixels from Y in 16-bit lanes (pixels 0-7 and 16-23 in Y0, 8-15 and
+// 24-31 in Y1) and the matching Cb and Cr.
+template <class I, bool Bgr, int DS>
+inline void inv32(const RgbOut& o, ptrdiff_t x, V Y0, V Cb0, V Cr0, V Y1, V Cb1, V Cr1) {
+    V R0, G0, B0, R1, G1, B1;
+    InvCore<I>::run(Y0, Cb0, Cr0, R0, G0, B0);
+    InvCore<I>::run(Y1, Cb1, Cr1, R1, G1, B1);
+    store32<Bgr, DS>(o, x, _mm256_packus_epi16(R0, R1), _mm256_packus_epi16(G0, G1), _mm256_packus_epi16(B0, B1));
+}
+
+}  // namespace
+
+template <class I, bool Bgr, int DS>
+int inv420_blocks(const Ycc420In& in, const RgbOut& o0, const RgbOut& o1, int x0, int w) {
+    const bool cr_first = in.cr < in.cb;
+    ptrdiff_t x = x0;
+    for (; x + 32 <= w; x += 32) {
+        V cb, cr;  // 16 chroma pairs in 16-bit lanes, 0-7 low, 8-15 high
+        if (in.cs == 2) {
+            const V v = ld32((cr_first ? in.cr : in.cb) + x);
+            const V a = _mm256_and_si256(v, c16(0xFF)), b = _mm256_srli_epi16(v, 8);
+            cb = cr_first ? b : a;
+            cr = cr_first ? a : b;
+        } else {
+            cb = _mm256_cvtepu8_epi16(ld16(in.cb + x / 2));
+            cr = _mm256_cvtepu8_epi16(ld16(in.cr + x / 2));
+        }
+        const V cbl = _mm256_unpacklo_epi16(cb, cb), cbh = _mm256_unpackhi_epi16(cb, cb);
+        const V crl = _mm256_unpacklo_epi16(cr, cr), crh = _mm256_unpackhi_epi16(cr, cr);
+        const V y0 = ld32(in.y0 + x), y1 = ld32(in.y1 + x);
+        inv32<I, Bgr, DS>(o0, x, lo16(y0), cbl, crl, hi16(y0), cbh, crh);
+        inv32<I, Bgr, DS>(o1, x, lo16(y1), cbl, crl, hi16(y1), cbh, crh);
+    }
+    return int(x);
+}
+
+template <class I, Order O, bool Bgr, int DS>
+int inv422_blocks(const Ycc422In& in, const RgbOut& o, int x0, int w) {
+    const uint8_t* p = in.y - (O == Order::CbYCr ? 1 : 0);
+    ptrdiff_t x = x0;
+    for (; x + 32 <= w; x += 32) {
+        V Y[2], Cb[2], Cr[2];
+        for (int h = 0; h < 2; ++h) {  // pixels 0-7 and 16-23, then 8-15 and 24-31
+            const uint8_t* q = p + 2 * x + 16 * h;
+            const V v = ld2(q, q + 32);
+            const V c = O == Order::CbYCr ? _mm256_and_si256(v, c16(0xFF)) : _mm256_srli_epi16(v, 8);
+            Y[h] = O == Order::CbYCr ? _mm256_srli_epi16(v, 8) : _mm256_and_si256(v, c16(0xFF));
+            const V first = _mm256_shufflehi_epi16(_mm256_shufflelo_epi16(c, 0xA0), 0xA0);
+            const V second = _mm256_shufflehi_epi16(_mm256_shufflelo_epi16(c, 0xF5), 0xF5);
+            Cb[h] = O == Order::YCrCb ? second : first;
+            Cr[h] = O == Order::YCrCb ? first : second;
+        }
+        inv32<I, Bgr, DS>(o, x, Y[0], Cb[0], Cr[0], Y[1], Cb[1], Cr[1]);
+    }
+    return int(x);
+}
+
+// ---- the forms the drivers use ------------------------------------------------
+
+template int fwd420_blocks<Fwd601, false, 3>(const RgbIn&, const RgbIn&, const Ycc420&, int, int);
+template int fwd420_blocks<Fwd601, false, 4>(const RgbIn&, const RgbIn&, const Ycc420&, int, int);
+template int fwd420_blocks<Fwd601, true, 3>(const RgbIn&, const RgbIn&, const Ycc420&, int, int);
+template int fwd420_blocks<Fwd601, true, 4>(const RgbIn&, const RgbIn&, const Ycc420&, int, int);
+template int fwd420_blocks<Fwd709Csc, true, 3>(const RgbIn&, const RgbIn&, const Ycc420&, int, int);
+template int fwd420_blocks<Fwd709Csc, true, 4>(const RgbIn&, const RgbIn&, const Ycc420&, int, int);
+template int fwd420_blocks<Fwd709Hdtv, true, 4>(const RgbIn&, const RgbIn&, const Ycc420&, int, int);
+
+template int fwd422_blocks<Fwd601, false, 1, 0>(const RgbIn&, const Ycc422&, int, int);
+template int fwd422_blocks<Fwd601, false, 1, 1>(const RgbIn&, const Ycc422&, int, int);
+template int fwd422_blocks<Fwd601, false, 3, 0>(const RgbIn&, const Ycc422&, int, int);
+template int fwd422_blocks<Fwd601, false, 3, 1>(const RgbIn&, const Ycc422&, int, int);
+template int fwd422_blocks<Fwd601, false, 3, 2>(const RgbIn&, const Ycc422&, int, int);
+template int fwd422_blocks<Fwd601, false, 3, 3>(const RgbIn&, const Ycc422&, int, int);
+template int fwd422_blocks<Fwd601, true, 3, 0>(const RgbIn&, const Ycc422&, int, int);
+template int fwd422_blocks<Fwd601, true, 3, 3>(const RgbIn&, const Ycc422&, int, int);
+template int fwd422_blocks<Fwd601, true, 4, 0>(const RgbIn&, const Ycc422&, int, int);
+template int fwd422_blocks<Fwd601, true, 4, 2>(const RgbIn&, const Ycc422&, int, int);
+template int fwd422_blocks<Fwd601, true, 4, 3>(const RgbIn&, const Ycc422&, int, int);
+template int fwd422_blocks<Fwd709Hdtv, true, 3, 2>(const RgbIn&, const Ycc422&, int, int);
+template int fwd422_blocks<Fwd709Hdtv, true, 4, 2>(const RgbIn&, const Ycc422&, int, int);
+
+template int inv420_blocks<Inv601Sub, false, 3>(const Ycc420In&, const RgbOut&, const RgbOut&, int, int);
+template int inv420_blocks<Inv601Sub, false, 4>(const Ycc420In&, const RgbOut&, const RgbOut&, int, int);
+template int inv420_blocks<Inv601Sub, true, 3>(const Ycc420In&, const RgbOut&, const RgbOut&, int, int);
+template int inv420_blocks<Inv601Sub, true, 4>(const Ycc420In&, const RgbOut&, const RgbOut&, int, int);
+template int inv420_blocks<Inv709Csc, true, 3>(const Ycc420In&, const RgbOut&, const RgbOut&, int, int);
+template int inv420_blocks<Inv709Hdtv, true, 4>(const Ycc420In&, const RgbOut&, const RgbOut&, int, int);
+
+template int inv422_blocks<Inv601Sub, Order::YCbCr, false, 1>(const Ycc422In&, const RgbOut&, int, int);
+template int inv422_blocks<Inv601Sub, Order::YCbCr, false, 3>(const Ycc422In&, const RgbOut&, int, int);
+template int inv422_blocks<Inv601Sub, Order::YCbCr, false, 4>(const Ycc422In&, const RgbOut&, int, int);
+template int inv422_blocks<Inv601Sub, Order::YCbCr, true, 3>(const Ycc422In&, const RgbOut&, int, int);
+template int inv422_blocks<Inv601Sub, Order::YCbCr, true, 4>(const Ycc422In&, const RgbOut&, int, int);
+template int inv422_blocks<Inv601Sub, Order::YCrCb, false, 1>(const Ycc422In&, const RgbOut&, int, int);
+template int inv422_blocks<Inv601Sub, Order::YCrCb, false, 3>(const Ycc422In&, const RgbOut&, int, int);
+template int inv422_blocks<Inv601Sub, Order::YCrCb, false, 4>(const Ycc422In&, const RgbOut&, int, int);
+template int inv422_blocks<Inv601Sub, Order::YCrCb, true, 3>(const Ycc422In&, const RgbOut&, int, int);
+template int inv422_blocks<Inv601Sub, Order::YCrCb, true, 4>(const Ycc422In&, const RgbOut&, int, int);
+template int inv422_blocks<Inv601Sub, Order::CbYCr, false, 3>(const Ycc422In&, const RgbOut&, int, int);
+template int inv422_blocks<Inv601Sub, Order::CbYCr, true, 4>(const Ycc422In&, const RgbOut&, int, int);
+template int inv422_blocks<Inv709Hdtv, Order::CbYCr, true, 3>(const Ycc422In&, const RgbOut&, int, int);
+template int inv422_blocks<Inv709Hdtv, Order::CbYCr, true, 4>(const Ycc422In&, const RgbOut&, int, int);
+
+}  // namespace nmq::ycc::avx2
