@@ -7,7 +7,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 root=$(pwd)
 
-need=(cmake g++ g++-multilib make googletest libgtest-dev libpng-dev libbenchmark-dev pkg-config)
+need=(cmake g++ g++-multilib make googletest libgtest-dev libpng-dev libjpeg-dev libbenchmark-dev pkg-config)
 missing=()
 for p in "${need[@]}"; do dpkg -s "$p" >/dev/null 2>&1 || missing+=("$p"); done
 if [ ${#missing[@]} -gt 0 ]; then
