@@ -1,6 +1,6 @@
 // YCbCr hot paths on a 1920x1080 frame: 4:2:0 planes and two-plane to RGB/BGR
 // (3 and 4 bytes per pixel), packed 4:2:2 to and from RGB, RGB/BGR to 4:2:0
-// planes and two-plane, and the 4:1:1 pair.
+// planes and two-plane, full-sampled with alpha kept, and the 4:1:1 pair.
 #include "bench_util.h"
 
 namespace {
@@ -89,6 +89,17 @@ void BM_RGBToYCbCr422_8u_C3C2R(benchmark::State& st) {
     loop(st, [&] { return nmqiRGBToYCbCr422_8u_C3C2R(src.p, 3 * kW, dst.p, 2 * kW, kRoi); });
 }
 
+// ---- full-sampled, alpha kept --------------------------------------------------------
+
+void BM_YCbCrToRGB_8u_AC4R(benchmark::State& st) {
+    nmqb::Buf src(kPx * 4), dst(kPx * 4);
+    loop(st, [&] { return nmqiYCbCrToRGB_8u_AC4R(src.p, 4 * kW, dst.p, 4 * kW, kRoi); });
+}
+void BM_RGBToYCbCr_8u_AC4R(benchmark::State& st) {
+    nmqb::Buf src(kPx * 4), dst(kPx * 4);
+    loop(st, [&] { return nmqiRGBToYCbCr_8u_AC4R(src.p, 4 * kW, dst.p, 4 * kW, kRoi); });
+}
+
 // ---- 4:1:1 --------------------------------------------------------------------------
 
 void BM_BGRToYCbCr411_8u_C3P3R(benchmark::State& st) {
@@ -115,5 +126,7 @@ BENCHMARK(BM_BGRToYCbCr420_8u_C3P3R);
 BENCHMARK(BM_BGRToYCbCr420_8u_AC4P3R);
 BENCHMARK(BM_RGBToYCbCr420_8u_C3P2R);
 BENCHMARK(BM_RGBToYCbCr422_8u_C3C2R);
+BENCHMARK(BM_YCbCrToRGB_8u_AC4R);
+BENCHMARK(BM_RGBToYCbCr_8u_AC4R);
 BENCHMARK(BM_BGRToYCbCr411_8u_C3P3R);
 BENCHMARK(BM_YCbCr411ToBGR_8u_P3C3R);

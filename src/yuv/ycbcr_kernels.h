@@ -418,5 +418,7 @@ using Fwd420Fn = void (*)(const RgbIn&, const RgbIn&, const Ycc420&, int, int);
 using Inv444Fn = void (*)(const Ycc444In&, const RgbOut&, int, int);
 using Inv422Fn = void (*)(const Ycc422In&, const RgbOut&, int, int);
 using Inv420Fn = void (*)(const Ycc420In&, const RgbOut&, const RgbOut&, int, int);
+using Fwd411Fn = void (*)(const RgbIn&, const Ycc411&, int, int);
+using Inv411Fn = void (*)(const Ycc411In&, const RgbOut&, int, int);
 
 }  // namespace nmq::ycc

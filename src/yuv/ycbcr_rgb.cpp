@@ -41,12 +41,10 @@ template <class T>
 bool null3(T* const* p) { return !p[0] || !p[1] || !p[2]; }
 
 // Interleaved RGB (SS bytes per pixel) to full-sampled YCbCr, interleaved in
-// DS bytes per pixel or planes (DS 1). An AC4 destination keeps its alpha, so
-// it has no vector form (a vector store would rewrite the alpha bytes).
+// DS bytes per pixel (4: the fourth byte is kept) or planes (DS 1).
 template <int SS, int DS>
 NmqStatus to444(const Nmq8u* src, int step, Y444Out dst, ImageSize roi) {
-    const Fwd444Fn k = DS == 4 ? fwd444_row<Fwd601, RgbIn> : fwd444k<SS, DS == 4 ? 3 : DS>();
-    each_row(roi, PixIn{src, step, false, SS}, dst, k);
+    each_row(roi, PixIn{src, step, false, SS}, dst, fwd444k<SS, DS>());
     return nmqStsOk;
 }
 
@@ -172,7 +170,8 @@ NmqStatus from411(const Nmq8u* const src[3], const int srcStep[3], Nmq8u* dst, i
     if (any_null(src, dst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
     if (null3(src)) return nmqStsNullPtr;
-    each_row(roi, Y411In{src, srcStep}, PixOut{dst, dstStep, true, DS, DS == 4}, inv411_row<Inv601Sub>);
+    each_row(roi, Y411In{src, srcStep}, PixOut{dst, dstStep, true, DS, DS == 4},
+             pick<Inv411Fn>(inv411_row<Inv601Sub>, s2::inv411<Inv601Sub, kBgr, DS>));
     return nmqStsOk;
 }
 template <int SS>
@@ -180,7 +179,8 @@ NmqStatus bgr_to411(const Nmq8u* src, int srcStep, Nmq8u* const dst[3], const in
     if (any_null(src, dst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
     if (null3(dst)) return nmqStsNullPtr;
-    to411(PixIn{src, srcStep, true, SS}, dst, dstStep, roi);
+    each_row(roi, PixIn{src, srcStep, kBgr, SS}, Y411Out{dst, dstStep},
+             pick<Fwd411Fn>(fwd411_row<Fwd601, RgbIn>, s2::fwd411<Fwd601, kBgr, SS>));
     return (roi.width & 3) ? nmqStsOddSize : nmqStsOk;
 }
 template <class Img>
@@ -246,7 +246,7 @@ NMQ_EXPORT NmqStatus nmqiYCbCrToRGB_8u_C3R(const Nmq8u* pSrc, int srcStep, Nmq8u
 NMQ_EXPORT NmqStatus nmqiYCbCrToRGB_8u_AC4R(const Nmq8u* pSrc, int srcStep, Nmq8u* pDst, int dstStep, ImageSize roi) {
     if (any_null(pSrc, pDst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    each_row(roi, y444_pix_in(pSrc, srcStep, 4), PixOut{pDst, dstStep, kRgb, 4, false}, inv444_row<Inv601Full>);
+    each_row(roi, y444_pix_in(pSrc, srcStep, 4), PixOut{pDst, dstStep, kRgb, 4, false}, inv444k<4, kRgb, 4>());
     return nmqStsOk;
 }
 NMQ_EXPORT NmqStatus nmqiYCbCrToRGB_8u_P3R(const Nmq8u* const pSrc[3], int srcStep, Nmq8u* const pDst[3], int dstStep,

@@ -11,6 +11,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 #include "yuv/ycbcr_kernels.h"
 
@@ -80,8 +81,23 @@ inline void load8(const RgbIn& in, ptrdiff_t x, __m128i& R, __m128i& G, __m128i&
     }
 }
 
+// Four 4-byte pixels to p; with a null alpha pointer the fourth byte of each
+// is left alone: the masked store writes only the other three. It is a
+// non-temporal store, so a kernel that used it ends with fence_kept() to
+// order it before whatever the caller stores next (a lock release, say).
+inline void st_px4(const RgbOut& o, uint8_t* p, __m128i q) {
+    if (o.a)
+        st(p, q);
+    else
+        _mm_maskmoveu_si128(q, _mm_set1_epi32(0x00FFFFFF), reinterpret_cast<char*>(p));
+}
+template <int DS>
+inline void fence_kept(const RgbOut& o) {
+    if (DS == 4 && !o.a) _mm_sfence();
+}
+
 // 16 pixels of R, G, B bytes to an interleaved row (DS = 3, or 4 with alpha
-// 0xFF) or to planes (DS = 1).
+// 0xFF or kept, as o says) or to planes (DS = 1).
 template <bool Bgr, int DS>
 inline void store16(const RgbOut& o, ptrdiff_t x, __m128i R, __m128i G, __m128i B) {
     if constexpr (DS == 1) {  // planes: the pointers say which is which
@@ -102,10 +118,10 @@ inline void store16(const RgbOut& o, ptrdiff_t x, __m128i R, __m128i G, __m128i 
     const __m128i q0 = _mm_unpacklo_epi16(rg0, ba0), q1 = _mm_unpackhi_epi16(rg0, ba0);
     const __m128i q2 = _mm_unpacklo_epi16(rg1, ba1), q3 = _mm_unpackhi_epi16(rg1, ba1);
     if constexpr (DS == 4) {
-        st(p, q0);
-        st(p + 16, q1);
-        st(p + 32, q2);
-        st(p + 48, q3);
+        st_px4(o, p, q0);
+        st_px4(o, p + 16, q1);
+        st_px4(o, p + 32, q2);
+        st_px4(o, p + 48, q3);
     } else {
         const __m128i c0 = compact3(q0), c1 = compact3(q1), c2 = compact3(q2), c3 = compact3(q3);
         st(p, _mm_or_si128(c0, _mm_slli_si128(c1, 12)));
@@ -171,7 +187,8 @@ inline __m128i bytes16(__m128i a, __m128i b) {
     return _mm_packus_epi16(a, b);
 }
 
-// Full-sampled from RGB to interleaved Y,Cb,Cr (DS 3) or planes (DS 1).
+// Full-sampled from RGB to interleaved Y,Cb,Cr (DS 3, or 4 keeping the fourth
+// byte) or planes (DS 1).
 template <class F, bool Bgr, int SS, int DS>
 void fwd444(const RgbIn& in, const Ycc444& o, int x0, int w) {
     const __m128i K = _mm_set1_epi32(F::yk);
@@ -185,6 +202,7 @@ void fwd444(const RgbIn& in, const Ycc444& o, int x0, int w) {
         const __m128i Cr = bytes16<F>(chroma8<F>(R0, G0, B0, F::rr, F::rg, F::rb), chroma8<F>(R1, G1, B1, F::rr, F::rg, F::rb));
         store16<false, DS>(RgbOut{o.y, o.cb, o.cr, nullptr, DS}, x, Y, Cb, Cr);
     }
+    fence_kept<DS>(RgbOut{o.y, o.cb, o.cr, nullptr, DS});
     fwd444_row<F>(in, o, int(x), w);
 }
 
@@ -251,6 +269,46 @@ void fwd420(const RgbIn& s0, const RgbIn& s1, const Ycc420& o, int x0, int w) {
         }
     }
     fwd420_rows<F>(s0, s1, o, int(x), w);
+}
+
+// Chroma of 4 groups of four pixels (8 lanes in each register) as 4 bytes:
+// pmaddwd sums the pairs, the pairs of a group are then added in 32 bits.
+template <class F>
+inline int chroma_quads(__m128i R0, __m128i G0, __m128i B0, __m128i R1, __m128i G1, __m128i B1, int wr, int wg,
+                        int wb) {
+    const __m128i vr = _mm_set1_epi16(short(wr)), vg = _mm_set1_epi16(short(wg)), vb = _mm_set1_epi16(short(wb));
+    const __m128i k = _mm_set1_epi32(F::ck * 4);
+    const auto groups = [&](__m128i R, __m128i G, __m128i B) {  // in lanes 0 and 1
+        const __m128i s = _mm_add_epi32(_mm_add_epi32(_mm_madd_epi16(R, vr), _mm_madd_epi16(G, vg)), _mm_madd_epi16(B, vb));
+        const __m128i t = _mm_add_epi32(_mm_add_epi32(s, _mm_srli_epi64(s, 32)), k);
+        return _mm_shuffle_epi32(_mm_srai_epi32(t, F::S + 2), 0x08);
+    };
+    __m128i v = _mm_packs_epi32(_mm_unpacklo_epi64(groups(R0, G0, B0), groups(R1, G1, B1)), _mm_setzero_si128());
+    if constexpr (!F::clamp) v = _mm_and_si128(v, _mm_set1_epi16(0xFF));
+    return _mm_cvtsi128_si32(_mm_packus_epi16(v, v));
+}
+
+inline void st4(uint8_t* p, int v) { std::memcpy(p, &v, 4); }
+inline __m128i ld4(const uint8_t* p) {
+    int v;
+    std::memcpy(&v, p, 4);
+    return _mm_cvtsi32_si128(v);
+}
+
+// 4:1:1 planes from interleaved RGB/BGR; the groups of a block are whole.
+template <class F, bool Bgr, int SS>
+void fwd411(const RgbIn& in, const Ycc411& o, int x0, int w) {
+    const __m128i K = _mm_set1_epi32(F::yk);
+    ptrdiff_t x = x0;
+    for (; x + 16 <= w; x += 16) {
+        __m128i R0, G0, B0, R1, G1, B1;
+        load8<Bgr, SS>(in, x, R0, G0, B0);
+        load8<Bgr, SS>(in, x + 8, R1, G1, B1);
+        st(o.y + x, _mm_packus_epi16(luma8<F>(R0, G0, B0, K), luma8<F>(R1, G1, B1, K)));
+        st4(o.cb + x / 4, chroma_quads<F>(R0, G0, B0, R1, G1, B1, F::br, F::bg, F::bb));
+        st4(o.cr + x / 4, chroma_quads<F>(R0, G0, B0, R1, G1, B1, F::rr, F::rg, F::rb));
+    }
+    fwd411_row<F>(in, o, int(x), w);
 }
 
 // ---------------------------------------------------------------- inverse
@@ -370,6 +428,7 @@ void inv444(const Ycc444In& in, const RgbOut& o, int x0, int w) {
         InvCore<I>::run(Y1, Cb1, Cr1, R1, G1, B1);
         store16<Bgr, DS>(o, x, _mm_packus_epi16(R0, R1), _mm_packus_epi16(G0, G1), _mm_packus_epi16(B0, B1));
     }
+    fence_kept<DS>(o);
     inv444_row<I>(in, o, int(x), w);
 }
 
@@ -384,6 +443,23 @@ void inv422p(const Ycc422In& in, const RgbOut& o, int x0, int w) {
                           _mm_unpacklo_epi16(cr, cr), _mm_unpackhi_epi16(cr, cr));
     }
     inv422_row<I>(in, o, int(x), w);
+}
+
+// 4:1:1 planes to RGB/BGR: each chroma byte covers four pixels.
+template <class I, bool Bgr, int DS>
+void inv411(const Ycc411In& in, const RgbOut& o, int x0, int w) {
+    const __m128i z = _mm_setzero_si128();
+    const auto quad = [](__m128i c) {
+        const __m128i d = _mm_unpacklo_epi8(c, c);
+        return _mm_unpacklo_epi16(d, d);
+    };
+    ptrdiff_t x = x0;
+    for (; x + 16 <= w; x += 16) {
+        const __m128i cb = quad(ld4(in.cb + x / 4)), cr = quad(ld4(in.cr + x / 4));
+        inv16<I, Bgr, DS>(o, x, ld(in.y + x), _mm_unpacklo_epi8(cb, z), _mm_unpackhi_epi8(cb, z),
+                          _mm_unpacklo_epi8(cr, z), _mm_unpackhi_epi8(cr, z));
+    }
+    inv411_row<I>(in, o, int(x), w);
 }
 
 }  // namespace nmq::ycc::sse2
