@@ -34,6 +34,16 @@ HEIGHT_UNCHECKED = {
     "nmqiYCbCr411_8u_P2P3R", "nmqiYCbCr422ToYCrCb422_8u_C2R", "nmqiYCbCr422ToYCrCb422_8u_P3C2R",
 }
 
+# Members that do not test the size at all: a width or height below 1 converts
+# nothing and returns 0.
+SIZE_UNCHECKED = {
+    "nmqiYCoCgToRGB_8u_P3C3R", "nmqiYCoCgToBGR_16s8u_P3C3R", "nmqiYCoCgToBGR_16s8u_P3C4R",
+    "nmqiYCoCgToBGR_Rev_16s8u_P3C3R", "nmqiYCoCgToBGR_Rev_16s8u_P3C4R", "nmqiSBGRToYCoCg_16s32s_C4P3R",
+    "nmqiSBGRToYCoCg_Rev_16s_C3P3R", "nmqiSBGRToYCoCg_Rev_16s_C4P3R", "nmqiSBGRToYCoCg_Rev_16s32s_C4P3R",
+    "nmqiYCoCgToSBGR_16s_P3C3R", "nmqiYCoCgToSBGR_Rev_16s_P3C3R", "nmqiYCoCgToSBGR_Rev_16s_P3C4R",
+    "nmqiYCoCgToSBGR_Rev_32s16s_P3C3R", "nmqiYCoCgToSBGR_Rev_32s16s_P3C4R",
+}
+
 PROTO = re.compile(r"NMQ_API\s+NmqStatus\s+(\w+)\s*\(([^;]*?)\)\s*;", re.S)
 
 
@@ -278,6 +288,8 @@ def main():
                 extra.append("kArrayUnchecked")
             if name in HEIGHT_UNCHECKED:
                 extra.append("kHeightUnchecked")
+            if name in SIZE_UNCHECKED:
+                extra.append("kSizeUnchecked")
             if geo["inplace"]:
                 extra.append("kInPlace")
             f.write('    {"%s", "%s", reinterpret_cast<const void*>(&%s), call_%d, %s, %s, %s, %s, %s, %s},\n'

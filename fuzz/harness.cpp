@@ -90,11 +90,11 @@ PlaneShape shape_of(const Export& e, const Args& a, bool dst, int k) {
                 p.row_bytes = a.full.width * g.esz * g.cpp;
             }
         } else if (a.rect.x >= 0 && a.rect.y >= 0) {
-            const int w = std::min(a.rect.width, a.full.width - a.rect.x);
-            const int h = std::min(a.rect.height, a.full.height - a.rect.y);
-            if (w >= 1 && h >= 1) {
-                p.rows = h;
-                p.row_bytes = w * g.esz * g.cpp;
+            const int64_t w = std::min<int64_t>(a.rect.width, int64_t(a.full.width) - a.rect.x);
+            const int64_t h = std::min<int64_t>(a.rect.height, int64_t(a.full.height) - a.rect.y);
+            if (w >= 1 && h >= 1 && a.full.width >= 2 && a.full.height >= 2) {
+                p.rows = int(h);
+                p.row_bytes = int(w) * g.esz * g.cpp;
             }
         }
         return p;
@@ -197,6 +197,9 @@ Case::Case(const Export& e, const Args& params, const StepChoice src_steps[4], c
                 step = pick_step(sc[0], widest, shapes[k].esz);
             else
                 step = pick_step(sc[k], shapes[k].row_bytes, shapes[k].esz);
+            // 64f images step in bytes: a step off the element size would
+            // misalign the caller's own rows, so it stays a multiple of 8.
+            if (shapes[k].esz == 8) step = step / 8 * 8;
             steps[k] = step;
         }
         for (int k = 0; k < pl.n; ++k) {
@@ -335,7 +338,9 @@ std::string Case::check() const {
         if ((a.full.width < 2 || a.full.height < 2 || a.rect.x < 0 || a.rect.y < 0) && s >= 0)
             return fail("a bad source size or rectangle was accepted");
     } else {
-        const bool bad_w = a.roi.width < 1, bad_h = a.roi.height < 1 && !(e_.flags & kHeightUnchecked);
+        const bool free = e_.flags & kSizeUnchecked;
+        const bool bad_w = a.roi.width < 1 && !free;
+        const bool bad_h = a.roi.height < 1 && !free && !(e_.flags & kHeightUnchecked);
         if ((bad_w || bad_h) && s >= 0) return fail("a ROI below 1 was accepted");
         if ((e_.params & kBitOff) && a.bitoff < 0 && s >= 0) return fail("a negative bit offset was accepted");
     }
@@ -368,6 +373,27 @@ std::string Case::check() const {
         }
     }
     return "";
+}
+
+void Case::paint(uint32_t seed) {
+    for (int side = 0; side < 2; ++side) {
+        std::vector<Buf>& v = side ? dst_ : src_;
+        const bool fl = float_elems(e_, side == 1);
+        for (size_t k = 0; k < v.size(); ++k) {
+            Buf& b = v[k];
+            for (int r = 0; r < b.rows; ++r) {
+                uint8_t* row = b.origin + ptrdiff_t(r) * b.eff_step;
+                for (int i = 0; i < b.row_bytes; i += fl ? b.esz : 1) {
+                    const uint32_t x = mix(seed ^ mix(uint32_t(side * 8 + k) * 0x10001u + uint32_t(r) * 7919u + uint32_t(i)));
+                    if (!fl) { row[i] = uint8_t(x); continue; }
+                    const double u = (x & 0xFFFFFF) / double(0xFFFFFF);
+                    if (b.esz == 4) { float f = float(u); std::memcpy(row + i, &f, 4); }
+                    else std::memcpy(row + i, &u, 8);
+                }
+            }
+        }
+    }
+    finite = true;
 }
 
 std::vector<uint8_t> Case::dst_image() const {

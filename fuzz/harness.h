@@ -24,6 +24,7 @@ enum : uint32_t {
     kArrayUnchecked = 1,   // the plane-pointer array itself is dereferenced unchecked
     kHeightUnchecked = 2,  // a height below 1 converts nothing and succeeds
     kInPlace = 4,          // one image is source and destination
+    kSizeUnchecked = 8,    // a width or height below 1 converts nothing and succeeds
 };
 
 // How a side's planes are passed.
@@ -129,6 +130,11 @@ public:
     // Calls the export with the SIMD levels capped at scalar, then uncapped,
     // and compares statuses and destination bytes; "" or the first difference.
     std::string run_scalar_vs_simd();
+
+    // Rewrites the ROI rows of every plane from (seed, plane, row, column)
+    // alone, so that two cases of the same image with different steps hold the
+    // same logical image (floats get values in 0..1).
+    void paint(uint32_t seed);
 
     NmqStatus status() const { return status_; }
     const Args& args() const { return a_; }
