@@ -2,7 +2,10 @@
 # Builds and tests nmqcc three ways: x86-64 release, i686 release (-m32 -msse2
 # -mfpmath=sse) and x86-64 with AddressSanitizer + UndefinedBehaviorSanitizer.
 # Installs the Debian packages it needs when they are missing (as root).
-# Usage: tools/run-tests.sh [x64|i686|asan ...]   (default: all three)
+# Configurations fuzz (libFuzzer over every export, bounded by
+# NMQ_FUZZ_SECONDS, default 240) and tsan (the threads test under
+# ThreadSanitizer) build with clang and run on request.
+# Usage: tools/run-tests.sh [x64|i686|asan|fuzz|tsan ...]   (default: x64 i686 asan)
 set -euo pipefail
 cd "$(dirname "$0")/.."
 root=$(pwd)
@@ -29,6 +32,25 @@ for c in "${configs[@]}"; do
     x64)  flags=(-DCMAKE_BUILD_TYPE=Release) ;;
     i686) flags=(-DCMAKE_BUILD_TYPE=Release -DNMQ_I686=ON -DNMQ_TOOLS=OFF -DNMQ_BENCH=OFF) ;;
     asan) flags=(-DCMAKE_BUILD_TYPE=RelWithDebInfo -DNMQ_SANITIZE=ON -DNMQ_TOOLS=OFF -DNMQ_BENCH=OFF) ;;
+    fuzz|tsan)
+      echo "== $c =="
+      flags=(-DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_C_COMPILER=clang-14 -DCMAKE_CXX_COMPILER=clang++-14
+             -DNMQ_TESTS=OFF -DNMQ_TOOLS=OFF -DNMQ_BENCH=OFF)
+      if [ "$c" = fuzz ]; then flags+=(-DNMQ_SANITIZE=ON -DNMQ_FUZZ=ON); else flags+=(-DNMQ_TSAN=ON); fi
+      cmake -S "$root" -B "$root/build/$c" "${flags[@]}" >/dev/null
+      if [ "$c" = fuzz ]; then
+        cmake --build "$root/build/$c" -j "$jobs" --target nmq_fuzz nmq_fuzz_replay
+        "$root/build/$c/fuzz/nmq_fuzz_replay" "$root/fuzz/corpus"
+        # New inputs go to the build tree; the committed corpus only seeds.
+        rm -rf "$root/build/$c/corpus" && mkdir -p "$root/build/$c/corpus" "$root/build/$c/artifacts"
+        "$root/build/$c/fuzz/nmq_fuzz" -max_total_time="${NMQ_FUZZ_SECONDS:-240}" -timeout=20 -rss_limit_mb=3072 \
+          -print_final_stats=1 -artifact_prefix="$root/build/$c/artifacts/" \
+          "$root/build/$c/corpus" "$root/fuzz/corpus"
+      else
+        cmake --build "$root/build/$c" -j "$jobs" --target test_robust_threads
+        TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1 "$root/build/$c/tests/robust/test_robust_threads"
+      fi
+      continue ;;
     *) echo "unknown configuration $c" >&2; exit 2 ;;
   esac
   echo "== $c =="
