@@ -1,6 +1,7 @@
 // The hot function of every family in one table, at 1920x1080 (throughput)
 // and 64x64 (per-call overhead), in megapixels per second. Run only these
 // with --benchmark_filter=^hot/ (bench/run-bench.sh does).
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -9,12 +10,30 @@
 
 namespace {
 
+// A 64-byte aligned buffer of pseudo-random bytes, filled eight at a time
+// (large frames fill in a fraction of a second).
+struct Buf {
+    std::vector<uint64_t> v;
+    uint8_t* p;
+    Buf(size_t n, uint64_t seed) : v(n / 8 + 9) {
+        for (auto& x : v) {  // splitmix64
+            uint64_t z = (seed += 0x9E3779B97F4A7C15ull);
+            z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9ull;
+            z = (z ^ (z >> 27)) * 0x94D049BB133111EBull;
+            x = z ^ (z >> 31);
+        }
+        uint8_t* b = reinterpret_cast<uint8_t*>(v.data());
+        p = b + ((64 - (reinterpret_cast<uintptr_t>(b) & 63)) & 63);
+    }
+    template <class T> T* as() { return reinterpret_cast<T*>(p); }
+};
+
 // Planes and frames for one size, every buffer big enough for any case
 // (up to 12 bytes per pixel).
 struct Frames {
     int w, h;
     size_t n;
-    nmqb::Buf a, b, c, d, e, f;
+    Buf a, b, c, d, e, f;
     Frames(int w_, int h_)
         : w(w_), h(h_), n(size_t(w_) * h_), a(12 * n, 1), b(12 * n, 2), c(12 * n, 3), d(12 * n, 4), e(12 * n, 5),
           f(12 * n, 6) {
@@ -127,8 +146,12 @@ const std::vector<Hot>& hot() {
 }
 
 Frames& frames(int w) {
-    static Frames big(nmqb::kW, nmqb::kH), small(64, 64);
-    return w == 64 ? small : big;
+    if (w == 64) {
+        static Frames small(64, 64);
+        return small;
+    }
+    static Frames big(nmqb::kW, nmqb::kH);
+    return big;
 }
 
 const bool registered = [] {
