@@ -1,6 +1,7 @@
 // YCbCr hot paths on a 1920x1080 frame: 4:2:0 planes and two-plane to RGB/BGR
-// (3 and 4 bytes per pixel), packed 4:2:2 to and from RGB, RGB/BGR to 4:2:0
-// planes and two-plane, full-sampled with alpha kept, and the 4:1:1 pair.
+// (3 and 4 bytes per pixel), packed 4:2:2 to and from RGB, 4:2:2 planes to
+// RGB, RGB/BGR to 4:2:0 planes and two-plane, full-sampled with alpha kept,
+// and the 4:1:1 pair.
 #include "bench_util.h"
 
 namespace {
@@ -68,6 +69,12 @@ void BM_YCbCr422ToBGR_8u_C2C4R(benchmark::State& st) {
     loop(st, [&] { return nmqiYCbCr422ToBGR_8u_C2C4R(src.p, 2 * kW, dst.p, 4 * kW, kRoi); });
 }
 
+void BM_YCbCr422ToRGB_8u_P3C3R(benchmark::State& st) {
+    Planes p(kW / 2, kH);
+    nmqb::Buf dst(kPx * 3);
+    loop(st, [&] { return nmqiYCbCr422ToRGB_8u_P3C3R(p.src(), p.steps, dst.p, 3 * kW, kRoi); });
+}
+
 // ---- RGB to 4:2:0 and 4:2:2 -------------------------------------------------------
 
 void BM_BGRToYCbCr420_8u_C3P3R(benchmark::State& st) {
@@ -122,6 +129,7 @@ BENCHMARK(BM_YCbCr420ToBGR_8u_P2C4R);
 BENCHMARK(BM_YCbCr420ToBGR_709HDTV_8u_P3C4R);
 BENCHMARK(BM_YCbCr422ToRGB_8u_C2C3R);
 BENCHMARK(BM_YCbCr422ToBGR_8u_C2C4R);
+BENCHMARK(BM_YCbCr422ToRGB_8u_P3C3R);
 BENCHMARK(BM_BGRToYCbCr420_8u_C3P3R);
 BENCHMARK(BM_BGRToYCbCr420_8u_AC4P3R);
 BENCHMARK(BM_RGBToYCbCr420_8u_C3P2R);

@@ -1,5 +1,5 @@
 // AVX2 forms of the YCbCr row kernels on the hot paths: 4:2:0 and 4:2:2 from
-// and to interleaved RGB/BGR. ycbcr_kernels_avx2.cpp (built for AVX2) runs
+// and to interleaved RGB/BGR, 4:2:2 planes to RGB/BGR. ycbcr_kernels_avx2.cpp (built for AVX2) runs
 // blocks of 32 pixels and returns the first pixel it left; the kernels below
 // hand the rest of the row to the SSE2 kernel, which ends with the scalar
 // one. The rest is run from here, in code built for SSE2, because the SSE2
@@ -21,6 +21,8 @@ template <class I, bool Bgr, int DS>
 int inv420_blocks(const Ycc420In& in, const RgbOut& o0, const RgbOut& o1, int x0, int w);
 template <class I, Order O, bool Bgr, int DS>
 int inv422_blocks(const Ycc422In& in, const RgbOut& o, int x0, int w);
+template <class I, bool Bgr, int DS>
+int inv422p_blocks(const Ycc422In& in, const RgbOut& o, int x0, int w);
 
 // Same template arguments as the SSE2 kernels of the same names.
 template <class F, bool Bgr, int SS>
@@ -38,6 +40,11 @@ void inv420(const Ycc420In& in, const RgbOut& o0, const RgbOut& o1, int x0, int 
 template <class I, Order O, bool Bgr, int DS>
 void inv422(const Ycc422In& in, const RgbOut& o, int x0, int w) {
     sse2::inv422<I, O, Bgr, DS>(in, o, inv422_blocks<I, O, Bgr, DS>(in, o, x0, w), w);
+}
+
+template <class I, bool Bgr, int DS>
+void inv422p(const Ycc422In& in, const RgbOut& o, int x0, int w) {
+    sse2::inv422p<I, Bgr, DS>(in, o, inv422p_blocks<I, Bgr, DS>(in, o, x0, w), w);
 }
 
 }  // namespace nmq::ycc::avx2

@@ -322,6 +322,19 @@ int inv420_blocks(const Ycc420In& in, const RgbOut& o0, const RgbOut& o1, int x0
     return int(x);
 }
 
+// 4:2:2 planes: one row of the 4:2:0 planar block.
+template <class I, bool Bgr, int DS>
+int inv422p_blocks(const Ycc422In& in, const RgbOut& o, int x0, int w) {
+    ptrdiff_t x = x0;
+    for (; x + 32 <= w; x += 32) {
+        const V cb = _mm256_cvtepu8_epi16(ld16(in.cb + x / 2)), cr = _mm256_cvtepu8_epi16(ld16(in.cr + x / 2));
+        const V y = ld32(in.y + x);
+        inv32<I, Bgr, DS>(o, x, lo16(y), _mm256_unpacklo_epi16(cb, cb), _mm256_unpacklo_epi16(cr, cr), hi16(y),
+                          _mm256_unpackhi_epi16(cb, cb), _mm256_unpackhi_epi16(cr, cr));
+    }
+    return int(x);
+}
+
 template <class I, Order O, bool Bgr, int DS>
 int inv422_blocks(const Ycc422In& in, const RgbOut& o, int x0, int w) {
     const uint8_t* p = in.y - (O == Order::CbYCr ? 1 : 0);
@@ -388,5 +401,8 @@ template int inv422_blocks<Inv601Sub, Order::CbYCr, false, 3>(const Ycc422In&, c
 template int inv422_blocks<Inv601Sub, Order::CbYCr, true, 4>(const Ycc422In&, const RgbOut&, int, int);
 template int inv422_blocks<Inv709Hdtv, Order::CbYCr, true, 3>(const Ycc422In&, const RgbOut&, int, int);
 template int inv422_blocks<Inv709Hdtv, Order::CbYCr, true, 4>(const Ycc422In&, const RgbOut&, int, int);
+
+template int inv422p_blocks<Inv601Sub, false, 3>(const Ycc422In&, const RgbOut&, int, int);
+template int inv422p_blocks<Inv601Sub, true, 3>(const Ycc422In&, const RgbOut&, int, int);
 
 }  // namespace nmq::ycc::avx2

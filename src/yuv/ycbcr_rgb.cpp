@@ -98,7 +98,7 @@ NmqStatus from422p3(const Nmq8u* const src[3], const int srcStep[3], Nmq8u* dst,
     if (bad_size(roi)) return nmqStsSize;
     if (null3(src)) return nmqStsNullPtr;
     each_row(roi, Y422PlanesIn{src, srcStep}, PixOut{dst, dstStep, Bgr, 3, false},
-             pick<Inv422Fn>(inv422_row<Inv601Sub>, s2::inv422p<Inv601Sub, Bgr, 3>));
+             pick(Kernels<Inv422Fn>{inv422_row<Inv601Sub>, s2::inv422p<Inv601Sub, Bgr, 3>, a2::inv422p<Inv601Sub, Bgr, 3>}));
     return nmqStsOk;
 }
 // Packed 16-bit BGR to 4:2:2, packed or planar.
