@@ -7,6 +7,8 @@
 // scalar one.
 #include <immintrin.h>
 
+#include <type_traits>
+
 #include "yuv/yuv_kernels.h"
 
 namespace nmq::yuv {
@@ -212,26 +214,126 @@ inline V centred(V x16) { return _mm256_sub_epi16(x16, c16(128)); }
 
 constexpr ptrdiff_t kWide = 32;
 
+// ---- Three-byte pixels to 4:2:0 straight from memory -------------------------------
+//
+// Four pixels per lane: a byte shuffle turns the 12 bytes of four pixels into
+// the 16-bit pairs (R, B) and (G, G), whose difference is the (dRG, dBG) pair
+// of each pixel in one 32-bit lane, ready for pmaddwd. The luma sum is then
+// S = 65536 G + sy with G taken from the high half of the (G, G) lane, and the
+// chroma sums of a 2x2 block are the sums of neighbouring 32-bit lanes of two
+// rows. The integers are those of the scalar formulas, so are the bytes.
+
+// Shuffle masks for the four pixels at bytes k..k+11 of a lane, where the
+// channels sit at byte offsets A (R), B (G), C (B) inside a pixel.
+template <int A, int B, int C>
+struct Masks420 {
+    int8_t rb[2][16], gg[2][16];  // [0]: pixels at byte 0 of the load, [1]: at byte 4
+    constexpr Masks420() : rb(), gg() {
+        for (int k = 0; k < 2; ++k)
+            for (int j = 0; j < 4; ++j) {
+                const int base = 3 * j + 4 * k;
+                rb[k][4 * j] = int8_t(base + A), rb[k][4 * j + 2] = int8_t(base + C);
+                gg[k][4 * j] = gg[k][4 * j + 2] = int8_t(base + B);
+                rb[k][4 * j + 1] = rb[k][4 * j + 3] = gg[k][4 * j + 1] = gg[k][4 * j + 3] = int8_t(0x80);
+            }
+    }
+};
+template <int A, int B, int C>
+inline constexpr Masks420<A, B, C> kMasks420{};
+
+inline V bmask(const int8_t* m) { return _mm256_broadcastsi128_si256(ld(reinterpret_cast<const uint8_t*>(m))); }
+
+// Eight pixels of one row: per pixel the (dRG, dBG) pair, sy and the 32-bit luma.
+struct Px8 {
+    V d, sy, y;
+};
+
+template <int A, int B, int C>
+inline Px8 px8(V q, int shifted) {
+    const Masks420<A, B, C>& m = kMasks420<A, B, C>;
+    const V rb = _mm256_shuffle_epi8(q, bmask(m.rb[shifted])), gg = _mm256_shuffle_epi8(q, bmask(m.gg[shifted]));
+    Px8 p;
+    p.d = _mm256_sub_epi16(rb, gg);
+    p.sy = _mm256_madd_epi16(p.d, pair(19595, 7471));
+    p.y = _mm256_srai_epi32(_mm256_add_epi32(p.sy, _mm256_and_si256(gg, c32(int32_t(0xFFFF0000u)))), 16);
+    return p;
+}
+
+// Chroma differences db, dr of the 2x2 blocks of two rows' Px8, in the even
+// 32-bit lanes.
+inline void block_diffs(const Px8& a, const Px8& b, V& db, V& dr) {
+    const V d = _mm256_add_epi16(a.d, b.d), sy = _mm256_add_epi32(a.sy, b.sy);
+    const V pd = _mm256_add_epi16(d, _mm256_srli_epi64(d, 32));
+    const V ps = _mm256_add_epi32(sy, _mm256_srli_epi64(sy, 32));
+    const V t = _mm256_srai_epi32(_mm256_sub_epi32(c32(131071), ps), 16);
+    db = _mm256_add_epi32(_mm256_srai_epi32(pd, 16), t);
+    dr = _mm256_add_epi32(_mm256_srai_epi32(_mm256_slli_epi32(pd, 16), 16), t);
+}
+
+// The even lanes of a and of b, interleaved.
+inline V evens(V a, V b) { return _mm256_blend_epi32(a, _mm256_slli_epi64(b, 32), 0xAA); }
+
+template <int A, int B, int C>
+void rgb3_to_yuv420_rows_avx2(const RowIn& s0, const RowIn& s1, const RowOut& d, ptrdiff_t n, ptrdiff_t from) {
+    ptrdiff_t i = from;
+    for (; i + kWide <= n; i += kWide) {
+        // Group k: pixels 4k..4k+3 in the low lane, 16+4k.. in the high one;
+        // the last group is loaded four bytes early so no load passes pixel 31.
+        // Groups go in pairs to keep few registers live.
+        const uint8_t* q0 = s0.p[0] + 3 * i;
+        const uint8_t* q1 = s1.p[0] + 3 * i;
+        V y0[2], y1[2], db[2], dr[2];
+        for (int h = 0; h < 2; ++h) {
+            V pdb[2], pdr[2], py0[2], py1[2];
+            for (int e = 0; e < 2; ++e) {
+                const int k = 2 * h + e, off = k == 3 ? 32 : 12 * k, sh = k == 3;
+                const Px8 a = px8<A, B, C>(ld2(q0 + off, q0 + off + 48), sh);
+                const Px8 b = px8<A, B, C>(ld2(q1 + off, q1 + off + 48), sh);
+                block_diffs(a, b, pdb[e], pdr[e]);
+                py0[e] = a.y, py1[e] = b.y;
+            }
+            y0[h] = _mm256_packs_epi32(py0[0], py0[1]), y1[h] = _mm256_packs_epi32(py1[0], py1[1]);
+            db[h] = evens(pdb[0], pdb[1]), dr[h] = evens(pdr[0], pdr[1]);
+        }
+        st32(d.p[0] + i, _mm256_packus_epi16(y0[0], y0[1]));
+        st32(d.p[3] + i, _mm256_packus_epi16(y1[0], y1[1]));
+        // Blocks in the order 0 2 1 3 4 6 5 7 per lane (8 more in the high lane).
+        const V db16 = _mm256_packs_epi32(db[0], db[1]), dr16 = _mm256_packs_epi32(dr[0], dr[1]);
+        const V u = _mm256_add_epi16(c16(128), _mm256_srai_epi16(u_term(db16), 2));
+        const V v = _mm256_add_epi16(c16(128), _mm256_srai_epi16(v_term(dr16), 2));
+        const V order = _mm256_broadcastsi128_si256(_mm_setr_epi8(0, 2, 1, 3, 4, 6, 5, 7, 8, 10, 9, 11, 12, 14, 13, 15));
+        const V uv = _mm256_permute4x64_epi64(_mm256_shuffle_epi8(_mm256_packus_epi16(u, v), order),
+                                              _MM_SHUFFLE(3, 1, 2, 0));
+        st16(d.p[1] + i / 2, _mm256_castsi256_si128(uv));
+        st16(d.p[2] + i / 2, _mm256_extracti128_si256(uv, 1));
+    }
+    rgb_to_yuv420_rows_sse2<Packed<3, A, B, C>>(s0, s1, d, n, i);
+}
+
 }  // namespace
 
 // ---- Row kernels --------------------------------------------------------------
 
 template <class S>
 void rgb_to_yuv420_rows_avx2(const RowIn& s0, const RowIn& s1, const RowOut& d, ptrdiff_t n, ptrdiff_t from) {
-    ptrdiff_t i = from;
-    for (; i + kWide <= n; i += kWide) {
-        V r0, g0, b0, r1, g1, b1, u, v;
-        Io<S>::load(s0, i, r0, g0, b0);
-        Io<S>::load(s1, i, r1, g1, b1);
-        const PairPart a0 = pair_part(lo16(r0), lo16(g0), lo16(b0)), c0 = pair_part(hi16(r0), hi16(g0), hi16(b0));
-        const PairPart a1 = pair_part(lo16(r1), lo16(g1), lo16(b1)), c1 = pair_part(hi16(r1), hi16(g1), hi16(b1));
-        chroma8(add(a0, a1), add(c0, c1), 131071, 2, u, v);
-        st32(d.p[0] + i, _mm256_packus_epi16(a0.y, c0.y));
-        st32(d.p[3] + i, _mm256_packus_epi16(a1.y, c1.y));
-        st16(d.p[1] + i / 2, low_halves(_mm256_packus_epi16(u, u)));
-        st16(d.p[2] + i / 2, low_halves(_mm256_packus_epi16(v, v)));
+    if constexpr (std::is_same_v<S, RGB3>) {
+        rgb3_to_yuv420_rows_avx2<0, 1, 2>(s0, s1, d, n, from);
+    } else {
+        ptrdiff_t i = from;
+        for (; i + kWide <= n; i += kWide) {
+            V r0, g0, b0, r1, g1, b1, u, v;
+            Io<S>::load(s0, i, r0, g0, b0);
+            Io<S>::load(s1, i, r1, g1, b1);
+            const PairPart a0 = pair_part(lo16(r0), lo16(g0), lo16(b0)), c0 = pair_part(hi16(r0), hi16(g0), hi16(b0));
+            const PairPart a1 = pair_part(lo16(r1), lo16(g1), lo16(b1)), c1 = pair_part(hi16(r1), hi16(g1), hi16(b1));
+            chroma8(add(a0, a1), add(c0, c1), 131071, 2, u, v);
+            st32(d.p[0] + i, _mm256_packus_epi16(a0.y, c0.y));
+            st32(d.p[3] + i, _mm256_packus_epi16(a1.y, c1.y));
+            st16(d.p[1] + i / 2, low_halves(_mm256_packus_epi16(u, u)));
+            st16(d.p[2] + i / 2, low_halves(_mm256_packus_epi16(v, v)));
+        }
+        rgb_to_yuv420_rows_sse2<S>(s0, s1, d, n, i);
     }
-    rgb_to_yuv420_rows_sse2<S>(s0, s1, d, n, i);
 }
 
 template <class D, int Rows>
