@@ -199,7 +199,8 @@ class Gen:
             self.flags.append(f)
             return True
         if not star and pname == "aval" and ty in ("Nmq8u", "Nmq16u", "Nmq16s", "Nmq32f"):
-            self.args.append("(%s)a.aval" % ty)
+            # Integer alpha values wrap (defined), float ones convert.
+            self.args.append("(%s)a.aval" % ty if ty == "Nmq32f" else "(%s)(long long)a.aval" % ty)
             self.flags.append("kAval")
             return True
         if const and ty == "Nmq32f" and pname == "twist" and n1 in ("3", "4") and n2 == "4":

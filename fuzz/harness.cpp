@@ -222,7 +222,7 @@ Case::Case(const Export& e, const Args& params, const StepChoice src_steps[4], c
             b.origin = b.alloc + b.lead - lo;
             bool fin = true;
             fill_bytes(b.alloc, b.size, s.esz, fill, uint32_t(side * 16 + k + 1), float_elems(e, dst), &fin);
-            if (!dst && !fin) finite = false;
+            if ((!dst || inplace) && !fin) finite = false;
             if (dst) {
                 b.mask.assign(b.size, 0);
                 for (int r = 0; r < s.rows; ++r) {
