@@ -24,7 +24,7 @@ done
 
 cmake -S "$ROOT" -B "$BUILD" -DCMAKE_BUILD_TYPE=Release -DNMQ_TOOLS=OFF -DNMQ_TESTS=OFF -DNMQ_BENCH=ON >/dev/null
 cmake --build "$BUILD" -j"$JOBS" --target nmqbench >/dev/null
-if cmake --build "$BUILD" --target help | grep -q nmqpeers; then
+if cmake --build "$BUILD" --target help 2>/dev/null | grep nmqpeers >/dev/null; then
   cmake --build "$BUILD" -j"$JOBS" --target nmqpeers >/dev/null
 fi
 

@@ -11,8 +11,12 @@ namespace {
 
 // Sixteen samples per lane in the high bytes of 16-bit lanes (lo: bytes 0-7
 // of each lane, hi: bytes 8-15) times the weight, high half.
-inline __m256i term_lo(__m256i x, __m256i w) { return _mm256_mulhi_epu16(_mm256_unpacklo_epi8(_mm256_setzero_si256(), x), w); }
-inline __m256i term_hi(__m256i x, __m256i w) { return _mm256_mulhi_epu16(_mm256_unpackhi_epi8(_mm256_setzero_si256(), x), w); }
+inline __m256i term_lo(__m256i x, __m256i w) {
+    return _mm256_mulhi_epu16(_mm256_unpacklo_epi8(_mm256_setzero_si256(), x), w);
+}
+inline __m256i term_hi(__m256i x, __m256i w) {
+    return _mm256_mulhi_epu16(_mm256_unpackhi_epi8(_mm256_setzero_si256(), x), w);
+}
 
 inline __m256i finish(__m256i tr, __m256i tg, __m256i tb) {
     const __m256i s = _mm256_adds_epu16(_mm256_adds_epu16(_mm256_adds_epu16(tr, tg), tb), _mm256_set1_epi16(64));

@@ -1,5 +1,5 @@
-// Interleaved three-byte pixels in AVX2 registers, shared by the colour-model
-// kernels (include only from files compiled for AVX2). Thirty-two pixels
+// Interleaved three-byte pixels in AVX2 registers, shared by the AVX2 kernels
+// of the colour models and of YUV (include only from files compiled for AVX2). Thirty-two pixels
 // travel as three registers of bytes, one per channel position, pixels 0-15
 // in the low 128-bit lane and 16-31 in the high one, so lane-wise arithmetic
 // sees the pixels of a 16-pixel SSE2 block. Loads and stores touch exactly the

@@ -116,6 +116,10 @@ void innerRGBToXYZ_8u_C3R_avx2(const uint8_t* src, uint8_t* dst, int width);
 void innerXYZToRGB_8u_C3R_avx2(const uint8_t* src, uint8_t* dst, int width);
 void innerRGBToXYZ_32f_C3R_avx2(const float* src, float* dst, int width);
 void innerXYZToRGB_32f_C3R_avx2(const float* src, float* dst, int width);
+// The same writing the destination with non-temporal stores, for images far
+// larger than the caches.
+void innerRGBToXYZ_32f_C3R_avx2_nt(const float* src, float* dst, int width);
+void innerXYZToRGB_32f_C3R_avx2_nt(const float* src, float* dst, int width);
 
 using Row8u = void (*)(const uint8_t*, uint8_t*, int);
 using Row32f = void (*)(const float*, float*, int);

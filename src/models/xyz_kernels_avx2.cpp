@@ -67,7 +67,9 @@ void fixed_rows_c3(const uint8_t* src, uint8_t* dst, int width) {
 
 // ---- 32f ------------------------------------------------------------------------
 
-inline F8 ld2f(const float* a, const float* b) { return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(a)), _mm_loadu_ps(b), 1); }
+inline F8 ld2f(const float* a, const float* b) {
+    return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(a)), _mm_loadu_ps(b), 1);
+}
 
 // Eight C3 pixels to planes a, b, c (pixels 0-3 low lane, 4-7 high lane).
 inline void load3f(const float* p, F8& a, F8& b, F8& c) {
@@ -81,6 +83,13 @@ inline void load3f(const float* p, F8& a, F8& b, F8& c) {
     c = _mm256_shuffle_ps(b0, i2, _MM_SHUFFLE(3, 0, 2, 0));
 }
 
+template <bool Stream>
+inline void st8f(float* p, F8 v) {
+    if (Stream) _mm256_stream_ps(p, v);
+    else _mm256_storeu_ps(p, v);
+}
+
+template <bool Stream>
 inline void store3f(float* p, F8 a, F8 b, F8 c) {
     const F8 ab = _mm256_unpacklo_ps(a, b);
     const F8 ca = _mm256_shuffle_ps(c, a, _MM_SHUFFLE(1, 1, 0, 0));
@@ -92,14 +101,14 @@ inline void store3f(float* p, F8 a, F8 b, F8 c) {
     const F8 bc3 = _mm256_shuffle_ps(b, c, _MM_SHUFFLE(3, 3, 3, 3));
     const F8 o2 = _mm256_shuffle_ps(ca3, bc3, _MM_SHUFFLE(2, 0, 2, 0));
     // Low lanes hold floats 0-11, high lanes 12-23.
-    _mm256_storeu_ps(p, _mm256_permute2f128_ps(o0, o1, 0x20));
-    _mm256_storeu_ps(p + 8, _mm256_permute2f128_ps(o2, o0, 0x30));
-    _mm256_storeu_ps(p + 16, _mm256_permute2f128_ps(o1, o2, 0x31));
+    st8f<Stream>(p, _mm256_permute2f128_ps(o0, o1, 0x20));
+    st8f<Stream>(p + 8, _mm256_permute2f128_ps(o2, o0, 0x30));
+    st8f<Stream>(p + 16, _mm256_permute2f128_ps(o1, o2, 0x31));
 }
 
 inline F8 frow(const float* m, int k, F8 a, F8 b, F8 c) {
-    return _mm256_add_ps(_mm256_add_ps(_mm256_mul_ps(a, _mm256_set1_ps(m[k])), _mm256_mul_ps(b, _mm256_set1_ps(m[3 + k]))),
-                         _mm256_mul_ps(c, _mm256_set1_ps(m[6 + k])));
+    const F8 ab = _mm256_add_ps(_mm256_mul_ps(a, _mm256_set1_ps(m[k])), _mm256_mul_ps(b, _mm256_set1_ps(m[3 + k])));
+    return _mm256_add_ps(ab, _mm256_mul_ps(c, _mm256_set1_ps(m[6 + k])));
 }
 
 // The SSE2 comparisons: NaN gives 0 in max, 1 in min.
@@ -108,8 +117,23 @@ inline F8 vmin1(F8 v) { return _mm256_min_ps(v, _mm256_set1_ps(1.0f)); }
 inline F8 vclamp_inv(F8 v) { return vmin1(_mm256_andnot_ps(_mm256_cmp_ps(v, _mm256_setzero_ps(), _CMP_LT_OS), v)); }
 
 template <bool Forward>
+inline void float_tail(const float* src, float* dst, int width) {
+    if (Forward) innerRGBToXYZ_32f_C3R_sse2<3>(src, dst, width);
+    else innerXYZToRGB_32f_C3R_sse2<3>(src, dst, width);
+}
+
+// Stream: the destination is written with non-temporal stores from its first
+// 32-byte boundary on (images much larger than the caches); the pixels before
+// it go through the SSE2 form.
+template <bool Forward, bool Stream>
 void float_rows_c3(const float* src, float* dst, int width) {
     int x = 0;
+    if (Stream) {
+        const uintptr_t a = reinterpret_cast<uintptr_t>(dst);
+        if (a % 4) return float_rows_c3<Forward, false>(src, dst, width);
+        while ((a + 12 * uintptr_t(x)) % 32 && x < width) ++x;
+        float_tail<Forward>(src, dst, x);
+    }
     for (; x + 8 <= width; x += 8) {
         F8 a, b, c;
         load3f(src + 3 * x, a, b, c);
@@ -123,17 +147,27 @@ void float_rows_c3(const float* src, float* dst, int width) {
             o1 = vclamp_inv(frow(XYZToRGB, 1, a, b, c));
             o2 = vclamp_inv(frow(XYZToRGB, 2, a, b, c));
         }
-        store3f(dst + 3 * x, o0, o1, o2);
+        store3f<Stream>(dst + 3 * x, o0, o1, o2);
     }
-    if (Forward) innerRGBToXYZ_32f_C3R_sse2<3>(src + 3 * x, dst + 3 * x, width - x);
-    else innerXYZToRGB_32f_C3R_sse2<3>(src + 3 * x, dst + 3 * x, width - x);
+    if (Stream) _mm_sfence();
+    float_tail<Forward>(src + 3 * x, dst + 3 * x, width - x);
 }
 
 }  // namespace
 
 void innerRGBToXYZ_8u_C3R_avx2(const uint8_t* src, uint8_t* dst, int width) { fixed_rows_c3<true>(src, dst, width); }
 void innerXYZToRGB_8u_C3R_avx2(const uint8_t* src, uint8_t* dst, int width) { fixed_rows_c3<false>(src, dst, width); }
-void innerRGBToXYZ_32f_C3R_avx2(const float* src, float* dst, int width) { float_rows_c3<true>(src, dst, width); }
-void innerXYZToRGB_32f_C3R_avx2(const float* src, float* dst, int width) { float_rows_c3<false>(src, dst, width); }
+void innerRGBToXYZ_32f_C3R_avx2(const float* src, float* dst, int width) {
+    float_rows_c3<true, false>(src, dst, width);
+}
+void innerXYZToRGB_32f_C3R_avx2(const float* src, float* dst, int width) {
+    float_rows_c3<false, false>(src, dst, width);
+}
+void innerRGBToXYZ_32f_C3R_avx2_nt(const float* src, float* dst, int width) {
+    float_rows_c3<true, true>(src, dst, width);
+}
+void innerXYZToRGB_32f_C3R_avx2_nt(const float* src, float* dst, int width) {
+    float_rows_c3<false, true>(src, dst, width);
+}
 
 }  // namespace nmq::xyz

@@ -99,8 +99,8 @@ NMQ_EXPORT NmqStatus nmqiYUV422ToRGB_8u_C2C3R(const Nmq8u* pSrc, int srcStep, Nm
                                               ImageSize roi) {
     if (any_null(pSrc, pDst)) return nmqStsNullPtr;
     if (bad_size(roi)) return nmqStsSize;
-    const Row444 row =
-        pick(Kernels<Row444>{yuv422c2_to_rgb_row<RGB3>, yuv422c2_to_rgb_row_sse2<RGB3>, yuv422c2_to_rgb_row_avx2<RGB3>});
+    const Row444 row = pick(
+        Kernels<Row444>{yuv422c2_to_rgb_row<RGB3>, yuv422c2_to_rgb_row_sse2<RGB3>, yuv422c2_to_rgb_row_avx2<RGB3>});
     for_rows(roi.height, [&](int y) { row(in1(pSrc, srcStep, y), out1(pDst, dstStep, y), roi.width, 0); });
     return nmqStsOk;
 }

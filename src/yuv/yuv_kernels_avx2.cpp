@@ -9,6 +9,7 @@
 
 #include <type_traits>
 
+#include "models/gray_pixels_avx2.h"
 #include "yuv/yuv_kernels.h"
 
 namespace nmq::yuv {
@@ -20,7 +21,7 @@ using H = __m128i;
 inline H ld(const uint8_t* p) { return _mm_loadu_si128(reinterpret_cast<const H*>(p)); }
 inline V ld32(const uint8_t* p) { return _mm256_loadu_si256(reinterpret_cast<const V*>(p)); }
 // Sixteen bytes at a to the low lane, sixteen at b to the high one.
-inline V ld2(const uint8_t* a, const uint8_t* b) { return _mm256_inserti128_si256(_mm256_castsi128_si256(ld(a)), ld(b), 1); }
+inline V ld2(const uint8_t* a, const uint8_t* b) { return px256::ld2(a, b); }
 inline void st32(uint8_t* p, V v) { _mm256_storeu_si256(reinterpret_cast<V*>(p), v); }
 inline void st16(uint8_t* p, H v) { _mm_storeu_si128(reinterpret_cast<H*>(p), v); }
 inline V c16(int v) { return _mm256_set1_epi16(int16_t(v)); }
@@ -30,49 +31,6 @@ inline V lo16(V x) { return _mm256_unpacklo_epi8(x, _mm256_setzero_si256()); }
 inline V hi16(V x) { return _mm256_unpackhi_epi8(x, _mm256_setzero_si256()); }
 inline V even8(V x) { return _mm256_and_si256(x, c16(255)); }
 inline V odd8(V x) { return _mm256_srli_epi16(x, 8); }
-
-// Byte-shuffle masks for 16 three-byte pixels in three registers. For
-// deinterleaving, gather[r][ch] picks channel ch of the pixels held in input
-// register r; for interleaving, scatter[r][ch] places channel ch into output
-// register r. 0x80 clears a byte.
-struct Masks3 {
-    int8_t gather[3][3][16], scatter[3][3][16];
-    constexpr Masks3() : gather(), scatter() {
-        for (int r = 0; r < 3; ++r)
-            for (int ch = 0; ch < 3; ++ch)
-                for (int j = 0; j < 16; ++j) {
-                    const int g = 3 * j + ch;  // byte of pixel j, channel ch
-                    gather[r][ch][j] = int8_t(g / 16 == r ? g % 16 : 0x80);
-                    const int o = 16 * r + j;  // output byte
-                    scatter[r][ch][j] = int8_t(o % 3 == ch ? o / 3 : 0x80);
-                }
-    }
-};
-constexpr Masks3 kM3{};
-
-inline V mask(const int8_t* m) { return _mm256_broadcastsi128_si256(ld(reinterpret_cast<const uint8_t*>(m))); }
-
-// 32 three-byte pixels (96 bytes) to the bytes at positions 0, 1, 2.
-inline void load3(const uint8_t* q, V m[3]) {
-    const V in[3] = {ld2(q, q + 48), ld2(q + 16, q + 64), ld2(q + 32, q + 80)};
-    for (int ch = 0; ch < 3; ++ch) {
-        V x = _mm256_shuffle_epi8(in[0], mask(kM3.gather[0][ch]));
-        x = _mm256_or_si256(x, _mm256_shuffle_epi8(in[1], mask(kM3.gather[1][ch])));
-        m[ch] = _mm256_or_si256(x, _mm256_shuffle_epi8(in[2], mask(kM3.gather[2][ch])));
-    }
-}
-
-inline void store3(uint8_t* q, const V m[3]) {
-    V out[3];
-    for (int r = 0; r < 3; ++r) {
-        V x = _mm256_shuffle_epi8(m[0], mask(kM3.scatter[r][0]));
-        x = _mm256_or_si256(x, _mm256_shuffle_epi8(m[1], mask(kM3.scatter[r][1])));
-        out[r] = _mm256_or_si256(x, _mm256_shuffle_epi8(m[2], mask(kM3.scatter[r][2])));
-    }
-    st32(q, _mm256_permute2x128_si256(out[0], out[1], 0x20));
-    st32(q + 32, _mm256_permute2x128_si256(out[2], out[0], 0x30));
-    st32(q + 64, _mm256_permute2x128_si256(out[1], out[2], 0x31));
-}
 
 // ---- Layout access, 32 pixels as three vectors of bytes ------------------------
 
@@ -84,13 +42,13 @@ struct Io<Packed<3, A, B, C>> {
     static constexpr bool kHas = true;
     static void load(const RowIn& s, ptrdiff_t i, V& a, V& b, V& c) {
         V m[3];
-        load3(s.p[0] + 3 * i, m);
+        px256::load3x32(s.p[0] + 3 * i, m);
         a = m[A], b = m[B], c = m[C];
     }
     static void store(const RowOut& d, ptrdiff_t i, V a, V b, V c) {
         V m[3];
         m[A] = a, m[B] = b, m[C] = c;
-        store3(d.p[0] + 3 * i, m);
+        px256::store3x32(d.p[0] + 3 * i, m);
     }
 };
 
@@ -99,7 +57,8 @@ struct Io<Packed<4, A, B, C>> {
     static void load(const RowIn& s, ptrdiff_t i, V& a, V& b, V& c) {
         const uint8_t* q = s.p[0] + 4 * i;
         // Each register: bytes of channel 0 of its four pixels, then 1, 2, 3.
-        const V by_ch = _mm256_broadcastsi128_si256(_mm_setr_epi8(0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15));
+        const V by_ch =
+            _mm256_broadcastsi128_si256(_mm_setr_epi8(0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15));
         V t[4];
         for (int k = 0; k < 4; ++k) t[k] = _mm256_shuffle_epi8(ld2(q + 16 * k, q + 64 + 16 * k), by_ch);
         const V l01 = _mm256_unpacklo_epi32(t[0], t[1]), l23 = _mm256_unpacklo_epi32(t[2], t[3]);
@@ -301,7 +260,8 @@ void rgb3_to_yuv420_rows_avx2(const RowIn& s0, const RowIn& s1, const RowOut& d,
         const V db16 = _mm256_packs_epi32(db[0], db[1]), dr16 = _mm256_packs_epi32(dr[0], dr[1]);
         const V u = _mm256_add_epi16(c16(128), _mm256_srai_epi16(u_term(db16), 2));
         const V v = _mm256_add_epi16(c16(128), _mm256_srai_epi16(v_term(dr16), 2));
-        const V order = _mm256_broadcastsi128_si256(_mm_setr_epi8(0, 2, 1, 3, 4, 6, 5, 7, 8, 10, 9, 11, 12, 14, 13, 15));
+        const V order =
+            _mm256_broadcastsi128_si256(_mm_setr_epi8(0, 2, 1, 3, 4, 6, 5, 7, 8, 10, 9, 11, 12, 14, 13, 15));
         const V uv = _mm256_permute4x64_epi64(_mm256_shuffle_epi8(_mm256_packus_epi16(u, v), order),
                                               _MM_SHUFFLE(3, 1, 2, 0));
         st16(d.p[1] + i / 2, _mm256_castsi256_si128(uv));
