@@ -2,9 +2,10 @@
 // block holds pixels 0-15 in the low 128-bit lane and 16-31 in the high one,
 // so every lane runs exactly the arithmetic of a 16-pixel SSE2 block (and
 // therefore gives the scalar bytes); only loads and stores cross lanes.
-// Three-byte pixels are (de)interleaved with byte shuffles. Whatever is left
-// after the last 32-pixel block goes to the SSE2 kernel, which ends with the
-// scalar one.
+// Three-byte pixels are (de)interleaved with byte shuffles; RGB24 to 4:2:0
+// has a kernel of its own that reads four pixels per lane (see below).
+// Whatever is left after the last 32-pixel block goes to the SSE2 kernel,
+// which ends with the scalar one.
 #include <immintrin.h>
 
 #include <type_traits>
