@@ -133,87 +133,71 @@ TEST(ReduceBits1u, ChecksInOrderWriteNothing) {
 
 // ---- pinned values ----------------------------------------------------------------
 
-// Without dithering the nearest level wins and an exact half goes down: with
-// two levels 127/255 is below one half, 128/255 above.
-TEST(ReduceBits, TwoLevelsSplitBetween127And128) {
-    const uint8_t s[4] = {0, 127, 128, 255};
-    uint8_t d[4];
-    ASSERT_EQ(nmqiReduceBits_8u_C1R(s, 4, d, 4, {4, 1}, 0, DitherKindNone, 2), nmqStsOk);
-    EXPECT_EQ(std::vector<uint8_t>(d, d + 4), (std::vector<uint8_t>{0, 0, 255, 255}));
-    // Three levels of 16u: 16383 is a quarter less one (down), 16384 a quarter (up to the middle, 32767).
-    const uint16_t s16[3] = {16383, 16384, 65535};
-    uint16_t d16[3];
-    ASSERT_EQ(nmqiReduceBits_16u_C1R(s16, 6, d16, 6, {3, 1}, 0, DitherKindNone, 3), nmqStsOk);
-    EXPECT_EQ(std::vector<uint16_t>(d16, d16 + 3), (std::vector<uint16_t>{0, 32767, 65535}));
-}
+namespace {
 
-// Float input is taken as 0..1 without clamping: beyond it the output saturates.
-TEST(ReduceBits, FloatBeyondTheRangeSaturates) {
-    const float s[4] = {-0.5f, 2.0f, 1.0f, 1e-8f};
-    for (int kind : {0, 1, 4}) {
-        uint8_t d8[4];
-        uint16_t d16[4];
-        int16_t ds[4];
-        ASSERT_EQ(nmqiReduceBits_32f8u_C1R(s, 16, d8, 4, {4, 1}, 0, kind, 256), nmqStsOk);
-        ASSERT_EQ(nmqiReduceBits_32f16u_C1R(s, 16, d16, 8, {4, 1}, 0, kind, 65536), nmqStsOk);
-        ASSERT_EQ(nmqiReduceBits_32f16s_C1R(s, 16, ds, 8, {4, 1}, 0, kind, 7), nmqStsOk);
-        EXPECT_EQ(std::vector<int>(d8, d8 + 4), (std::vector<int>{0, 255, 255, 0})) << kind;
-        EXPECT_EQ(std::vector<int>(d16, d16 + 4), (std::vector<int>{0, 65535, 65535, 0})) << kind;
-        EXPECT_EQ(std::vector<int>(ds, ds + 4), (std::vector<int>{-32768, 32767, 32767, -32768})) << kind;
+void put(Plane& p, const Export& e, int i, int y, double v) {
+    uint8_t* r = p.row(y) + i * e.sb;
+    if (e.sf) { const float f = float(v); std::memcpy(r, &f, 4); }
+    else if (e.sb == 1) *r = uint8_t(v);
+    else { const uint16_t u = uint16_t(int(v)); std::memcpy(r, &u, 2); }
+}
+int read_dst(const Plane& p, const Export& e, int i, int y);
+
+// Hand-worked cases; -1 in `want` is an element not pinned.
+struct Pin {
+    const char* why;
+    const char* fn;
+    int w, h, kind, levels;
+    std::vector<double> src;
+    std::vector<int> want;
+};
+const Pin kPins[] = {
+    {"two levels: 127/255 is below one half, 128/255 above", "nmqiReduceBits_8u_C1R", 4, 1, 0, 2,
+     {0, 127, 128, 255}, {0, 0, 255, 255}},
+    {"an exact half goes down", "nmqiReduceBits_32f8u_C1R", 2, 1, 0, 2, {0.5, 0.50000006}, {0, 255}},
+    {"three levels: a quarter less one goes down, a quarter up", "nmqiReduceBits_16u_C1R", 3, 1, 0, 3,
+     {16383, 16384, 65535}, {0, 32767, 65535}},
+    // Float input is taken as 0..1 without clamping: beyond it the output saturates.
+    {"float beyond the range saturates", "nmqiReduceBits_32f8u_C1R", 4, 1, 0, 256, {-0.5, 2, 1, 1e-8}, {0, 255, 255, 0}},
+    {"float beyond the range saturates", "nmqiReduceBits_32f16u_C1R", 4, 1, 1, 65536, {-0.5, 2, 1, 1e-8},
+     {0, 65535, 65535, 0}},
+    {"float beyond the range saturates", "nmqiReduceBits_32f16s_C1R", 4, 1, 4, 7, {-0.5, 2, 1, 1e-8},
+     {-32768, 32767, 32767, -32768}},
+    // Three levels (step 127.5): 60 keeps 60 as error, lifting 255 beyond the top;
+    // with 60 * 7/16 passed on the last 60 would have reached the middle level.
+    {"a saturated element passes no error", "nmqiReduceBits_8u_C1R", 3, 1, 1, 3, {60, 255, 60}, {0, 255, 0}},
+    // 60 + 60 * 5/16 = 78.75 is past the half step 63.75: 127.5 truncated.
+    {"a single column gathers from above only", "nmqiReduceBits_8u_C1R", 1, 2, 1, 3, {60, 60}, {0, 127}},
+    // Channels are separate passes over the same error rows: the error channel 0
+    // leaves in the bottom row reaches the top row of channel 1.
+    {"error carries from one channel pass to the next", "nmqiReduceBits_8u_C3R", 1, 2, 1, 3, {0, 60, 0, 60, 0, 0},
+     {0, 127, -1, 0, -1, -1}},
+    {"error carries from one channel pass to the next", "nmqiReduceBits_8u_C3R", 1, 2, 2, 3, {0, 60, 0, 60, 0, 0},
+     {0, 127, -1, 0, -1, -1}},
+    {"error carries from one channel pass to the next", "nmqiReduceBits_8u_C3R", 1, 2, 3, 3, {0, 60, 0, 60, 0, 0},
+     {0, 127, -1, 0, -1, -1}},
+    {"alone, 60 stays at the bottom", "nmqiReduceBits_8u_C3R", 1, 2, 3, 3, {0, 60, 0, 0, 0, 0}, {0, 0, -1, 0, -1, -1}},
+    // The remainder 128 against M * 8.5 (255/15): the cells with M <= 7 go up.
+    {"Bayer pattern of flat 128", "nmqiReduceBits_8u_C1R", 4, 4, 4, 2, std::vector<double>(16, 128),
+     {255, 0, 255, 0, 0, 255, 0, 255, 255, 0, 255, 0, 0, 255, 0, 255}},
+    {"Bayer threshold 0 at (0, 0), a whole step at (0, 3)", "nmqiReduceBits_16u_C1R", 1, 4, 4, 2, {1, 1, 1, 65534},
+     {65535, -1, -1, 0}},
+};
+
+}  // namespace
+
+TEST(ReduceBits, HandWorkedValues) {
+    for (const Pin& c : kPins) {
+        const Export& e = find(c.fn);
+        const int n = c.w * e.elems();
+        Plane src(n * e.sb, c.h), dst(n * e.db, c.h);
+        for (size_t k = 0; k < c.src.size(); ++k) put(src, e, int(k) % n, int(k) / n, c.src[k]);
+        ASSERT_EQ(e.fn(src.ptr(), src.step, dst.ptr(), dst.step, {c.w, c.h}, 0, c.kind, c.levels), nmqStsOk) << c.why;
+        for (size_t k = 0; k < c.want.size(); ++k) {
+            if (c.want[k] == -1) continue;
+            EXPECT_EQ(read_dst(dst, e, int(k) % n, int(k) / n), c.want[k]) << c.why << " kind " << c.kind << " element " << k;
+        }
     }
-}
-
-// Floyd-Steinberg on 8u, three levels (step 127.5): 60 keeps 60 as error, which
-// lifts the 255 beyond the top; the top passes nothing on, so the last 60 stays 0
-// (with 60 * 7/16 passed on it would have reached the middle level).
-TEST(ReduceBits, SaturatedElementPassesNoError) {
-    const uint8_t s[3] = {60, 255, 60};
-    uint8_t d[3];
-    ASSERT_EQ(nmqiReduceBits_8u_C1R(s, 3, d, 3, {3, 1}, 0, DitherKindFloydSteinberg, 3), nmqStsOk);
-    EXPECT_EQ(std::vector<int>(d, d + 3), (std::vector<int>{0, 255, 0}));
-}
-
-// A single column gathers only from the element above (5/16 of it): with three
-// levels 60 then 60 + 18.75 = 78.75, past the half step 63.75, so 127.5 truncated.
-TEST(ReduceBits, SingleColumnGathersFromAboveOnly) {
-    const uint8_t s[2] = {60, 60};
-    uint8_t d[2];
-    ASSERT_EQ(nmqiReduceBits_8u_C1R(s, 1, d, 1, {1, 2}, 0, DitherKindFloydSteinberg, 3), nmqStsOk);
-    EXPECT_EQ(d[0], 0);
-    EXPECT_EQ(d[1], 127);
-}
-
-// Channels are separate passes over the same error rows: the error channel 0
-// leaves in the bottom row reaches the top row of channel 1 (three levels: 60
-// alone stays 0, with a share of another 60 it passes the half step 63.75).
-TEST(ReduceBits, ErrorCarriesFromOneChannelPassToTheNext) {
-    for (int kind : {1, 2, 3}) {
-        uint8_t s[6] = {0, 60, 0, 0, 0, 0}, d[6];  // one column, two rows; channel 1 of the top row is 60
-        ASSERT_EQ(nmqiReduceBits_8u_C3R(s, 3, d, 3, {1, 2}, 0, kind, 3), nmqStsOk);
-        EXPECT_EQ(d[1], 0) << kind;
-        s[3] = 60;  // channel 0 of the bottom row
-        ASSERT_EQ(nmqiReduceBits_8u_C3R(s, 3, d, 3, {1, 2}, 0, kind, 3), nmqStsOk);
-        EXPECT_EQ(d[1], 127) << kind;
-    }
-}
-
-// Flat 128 with two levels: the remainder 128 is compared with M * 8.5 (255/15),
-// so exactly the cells with M <= 7 go up; every channel of a pixel alike.
-TEST(ReduceBits, BayerPatternOfFlat128) {
-    const int M[4][4] = {{0, 8, 2, 10}, {12, 4, 14, 6}, {3, 11, 1, 9}, {15, 7, 13, 5}};
-    std::vector<uint8_t> s(6 * 6 * 3, 128), d(s.size());
-    ASSERT_EQ(nmqiReduceBits_8u_C3R(s.data(), 18, d.data(), 18, {6, 6}, 0, DitherKindBayer, 2), nmqStsOk);
-    for (int y = 0; y < 6; ++y)
-        for (int x = 0; x < 18; ++x) EXPECT_EQ(d[y * 18 + x], M[y & 3][(x / 3) & 3] <= 7 ? 255 : 0) << x << "," << y;
-}
-
-// At (0, 0) the threshold is 0, at (0, 3) a whole step.
-TEST(ReduceBits, BayerThresholdEnds) {
-    const uint16_t s[4] = {1, 1, 1, 65534};  // one column: rows 0..3
-    uint16_t d[4];
-    ASSERT_EQ(nmqiReduceBits_16u_C1R(s, 2, d, 2, {1, 4}, 0, DitherKindBayer, 2), nmqStsOk);
-    EXPECT_EQ(d[0], 65535);
-    EXPECT_EQ(d[3], 0);
 }
 
 // ---- reference ---------------------------------------------------------------------
