@@ -6,9 +6,15 @@
 namespace lvt {
 
 #define LV_FN(name, T, model, ty, stride, fwd, bgr)                                                     \
-    Export { #name, Model::model, Ty::ty, stride, fwd, bgr, [](const void* s, int ss, void* d, int dd, \
+    Export { #name, Model::model, Ty::ty, stride, fwd, bgr, [](const void* s, int ss, void* d, int dd,  \
                                                                 ImageSize r) {                           \
         return name(static_cast<const T*>(s), ss, static_cast<T*>(d), dd, r); } }
+// The C3 and AC4 forms of one conversion.
+#define LV_2(pre, suf, T, model, ty, fwd) \
+    LV_FN(pre##_##suf##_C3R, T, model, ty, 3, fwd, false), LV_FN(pre##_##suf##_AC4R, T, model, ty, 4, fwd, false)
+#define LV_TYPES(pre, model, fwd)                                                             \
+    LV_2(pre, 8u, Nmq8u, model, U8, fwd), LV_2(pre, 16u, Nmq16u, model, U16, fwd),           \
+        LV_2(pre, 16s, Nmq16s, model, S16, fwd), LV_2(pre, 32f, Nmq32f, model, F32, fwd)
 
 const std::vector<Export>& exports() {
     static const std::vector<Export> v = {
@@ -19,22 +25,8 @@ const std::vector<Export>& exports() {
         LV_FN(nmqiBGRToLab_8u_C3R, Nmq8u, Lab, U8, 3, true, true), LV_FN(nmqiBGRToLab_16u_C3R, Nmq16u, Lab, U16, 3, true, true),
         LV_FN(nmqiBGRToLab_32f_C3R, Nmq32f, Lab, F32, 3, true, true), LV_FN(nmqiLabToBGR_8u_C3R, Nmq8u, Lab, U8, 3, false, true),
         LV_FN(nmqiLabToBGR_16u_C3R, Nmq16u, Lab, U16, 3, false, true), LV_FN(nmqiLabToBGR_32f_C3R, Nmq32f, Lab, F32, 3, false, true),
-        LV_FN(nmqiRGBToLUV_8u_C3R, Nmq8u, Luv, U8, 3, true, false), LV_FN(nmqiRGBToLUV_8u_AC4R, Nmq8u, Luv, U8, 4, true, false),
-        LV_FN(nmqiRGBToLUV_16u_C3R, Nmq16u, Luv, U16, 3, true, false), LV_FN(nmqiRGBToLUV_16u_AC4R, Nmq16u, Luv, U16, 4, true, false),
-        LV_FN(nmqiRGBToLUV_16s_C3R, Nmq16s, Luv, S16, 3, true, false), LV_FN(nmqiRGBToLUV_16s_AC4R, Nmq16s, Luv, S16, 4, true, false),
-        LV_FN(nmqiRGBToLUV_32f_C3R, Nmq32f, Luv, F32, 3, true, false), LV_FN(nmqiRGBToLUV_32f_AC4R, Nmq32f, Luv, F32, 4, true, false),
-        LV_FN(nmqiLUVToRGB_8u_C3R, Nmq8u, Luv, U8, 3, false, false), LV_FN(nmqiLUVToRGB_8u_AC4R, Nmq8u, Luv, U8, 4, false, false),
-        LV_FN(nmqiLUVToRGB_16u_C3R, Nmq16u, Luv, U16, 3, false, false), LV_FN(nmqiLUVToRGB_16u_AC4R, Nmq16u, Luv, U16, 4, false, false),
-        LV_FN(nmqiLUVToRGB_16s_C3R, Nmq16s, Luv, S16, 3, false, false), LV_FN(nmqiLUVToRGB_16s_AC4R, Nmq16s, Luv, S16, 4, false, false),
-        LV_FN(nmqiLUVToRGB_32f_C3R, Nmq32f, Luv, F32, 3, false, false), LV_FN(nmqiLUVToRGB_32f_AC4R, Nmq32f, Luv, F32, 4, false, false),
-        LV_FN(nmqiRGBToYCC_8u_C3R, Nmq8u, Ycc, U8, 3, true, false), LV_FN(nmqiRGBToYCC_8u_AC4R, Nmq8u, Ycc, U8, 4, true, false),
-        LV_FN(nmqiRGBToYCC_16u_C3R, Nmq16u, Ycc, U16, 3, true, false), LV_FN(nmqiRGBToYCC_16u_AC4R, Nmq16u, Ycc, U16, 4, true, false),
-        LV_FN(nmqiRGBToYCC_16s_C3R, Nmq16s, Ycc, S16, 3, true, false), LV_FN(nmqiRGBToYCC_16s_AC4R, Nmq16s, Ycc, S16, 4, true, false),
-        LV_FN(nmqiRGBToYCC_32f_C3R, Nmq32f, Ycc, F32, 3, true, false), LV_FN(nmqiRGBToYCC_32f_AC4R, Nmq32f, Ycc, F32, 4, true, false),
-        LV_FN(nmqiYCCToRGB_8u_C3R, Nmq8u, Ycc, U8, 3, false, false), LV_FN(nmqiYCCToRGB_8u_AC4R, Nmq8u, Ycc, U8, 4, false, false),
-        LV_FN(nmqiYCCToRGB_16u_C3R, Nmq16u, Ycc, U16, 3, false, false), LV_FN(nmqiYCCToRGB_16u_AC4R, Nmq16u, Ycc, U16, 4, false, false),
-        LV_FN(nmqiYCCToRGB_16s_C3R, Nmq16s, Ycc, S16, 3, false, false), LV_FN(nmqiYCCToRGB_16s_AC4R, Nmq16s, Ycc, S16, 4, false, false),
-        LV_FN(nmqiYCCToRGB_32f_C3R, Nmq32f, Ycc, F32, 3, false, false), LV_FN(nmqiYCCToRGB_32f_AC4R, Nmq32f, Ycc, F32, 4, false, false),
+        LV_TYPES(nmqiRGBToLUV, Luv, true), LV_TYPES(nmqiLUVToRGB, Luv, false),
+        LV_TYPES(nmqiRGBToYCC, Ycc, true), LV_TYPES(nmqiYCCToRGB, Ycc, false),
     };
     return v;
 }

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "luvlab/luvlab_common.h"
-#include "support/harness.h"
+#include "support/sweep.h"
 
 using namespace lvt;
 using namespace nmqt;
@@ -96,41 +96,24 @@ double tolerance(const Export& e) {
 TEST(LuvLab, SweepScalarAgainstReferenceAndSimdAgainstScalar) {
     Rng rng(7);
     int n = 0;
-    for (const Export& e : exports()) {
+    for (const Export& e : exports())
         for (const Shape& s : sweep_shapes(1, 1, e.ty == Ty::U8 ? 1031 : 300)) {
             const int es = e.elem(), px = e.pixel_bytes();
-            Plane src(s.w * px, s.h, s.pad * es, (s.misalign * es) % 64, 0, ++n % 4 == 0);
-            Plane init(s.w * px, s.h, (s.pad + 1) * es, (s.misalign * 3 * es) % 64, 24);
+            Plane src = shaped(s, s.w * px, s.h, es, 0, ++n % 4 == 0);
+            Plane dst(s.w * px, s.h, (s.pad + 1) * es, (s.misalign * 3 * es) % 64, 24);
             fill_source(e, src, rng);
-            init.randomize(rng);
-            Plane ref(s.w * px, s.h, (s.pad + 1) * es, (s.misalign * 3 * es) % 64, 24);
-            ref.copy_from(init);
-            {
-                nmq::IsaCap cap(nmq::Isa::Scalar);
-                ASSERT_EQ(e.fn(src.ptr(), src.step, ref.ptr(), ref.step, {s.w, s.h}), nmqStsOk);
-            }
-            ASSERT_TRUE(ref.outside_untouched()) << e.name << " " << to_string(s);
-            if (e.stride == 4) {
-                ASSERT_TRUE(ref.kept([&](int xb, int) { return xb % px >= 3 * es; })) << e.name;
-            }
+            dst.randomize(rng);
+            const std::string what = std::string(e.name) + " " + to_string(s);
+            ASSERT_EQ(run_every_level({&dst}, [&] { return e.fn(src.ptr(), src.step, dst.ptr(), dst.step, {s.w, s.h}); }), "")
+                << what;
+            if (e.stride == 4) ASSERT_TRUE(dst.kept([&](int xb, int) { return xb % px >= 3 * es; })) << what;
             for (int y = 0; y < s.h; ++y)
                 for (int x = 0; x < s.w; ++x) {
                     double want[3];
                     expected(e, src.row(y) + px * x, want);
-                    for (int k = 0; k < 3; ++k) {
-                        const double d = std::fabs(get(e.ty, ref.row(y) + px * x + es * k) - want[k]);
-                        ASSERT_LE(d, tolerance(e)) << e.name << " " << to_string(s) << " pixel " << x << "," << y
-                                                   << " channel " << k;
-                    }
+                    for (int k = 0; k < 3; ++k)
+                        ASSERT_LE(std::fabs(get(e.ty, dst.row(y) + px * x + es * k) - want[k]), tolerance(e))
+                            << what << " pixel " << x << "," << y << " channel " << k;
                 }
-            for_each_simd_level([&](nmq::Isa lv) {
-                Plane dst(s.w * px, s.h, (s.pad + 1) * es, (s.misalign * 3 * es) % 64, 24);
-                dst.copy_from(init);
-                ASSERT_EQ(e.fn(src.ptr(), src.step, dst.ptr(), dst.step, {s.w, s.h}), nmqStsOk);
-                ASSERT_TRUE(dst.outside_untouched()) << e.name << " " << to_string(s) << " " << isa_name(lv);
-                ASSERT_EQ(first_diff(ref.roi(), dst.roi(), dst.row_bytes), "")
-                    << e.name << " " << to_string(s) << " " << isa_name(lv);
-            });
         }
-    }
 }
