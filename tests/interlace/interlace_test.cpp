@@ -1,11 +1,11 @@
 // Interlaced 4:2:2 <-> 4:2:0 and 4:2:2 to gray: every export against a
 // reference written from the field rules (decode the source into Y/Cb/Cr
 // arrays, resample per field, compare the decoded destination), argument
-// checks, SIMD levels against scalar, guards, and the field-separation and
-// ramp properties the resampling exists for.
+// checks, SIMD levels against scalar, guards, hand-computed weights and the
+// ramp the resampling exists to keep.
 #include <functional>
 
-#include "support/harness.h"
+#include "support/sweep.h"
 
 using namespace nmqt;
 using u8 = uint8_t;
@@ -153,21 +153,9 @@ Case make_case(const Member& m, ImageSize roi, int pad, int mis, bool page_guard
     return c;
 }
 
-std::vector<u8> all_bytes(const std::vector<Plane>& ps) {
-    std::vector<u8> v;
-    for (auto& p : ps) {
-        auto r = p.roi();
-        v.insert(v.end(), r.begin(), r.end());
-    }
-    return v;
-}
-
-// Runs one call and checks it against the reference; returns "" or a message.
-std::string check_against_reference(const Member& m, Case& c, ImageSize roi) {
+// The destination decoded against the reference; "" or a message.
+std::string check_against_reference(const Member& m, const Case& c, ImageSize roi) {
     const ImageSize e = rounded(m, roi);
-    if (m.call(c.io, roi) != nmqStsOk) return "status";
-    for (auto& p : c.dst)
-        if (!p.outside_untouched()) return "wrote outside the ROI";
     const Img in = decode(m.src, c.src, e.width, e.height);
     const Img got = decode(m.dst, c.dst, e.width, e.height);
     Img want = m.dst == Kind::Gray ? in : is_down(m) ? down(in) : up(in);
@@ -181,19 +169,14 @@ TEST(Interlace, EveryShapeMatchesReferenceAtEveryLevel) {
     for (const Member& m : members())
         for (const Shape& s : sweep_shapes(2, m.min_h)) {
             const ImageSize roi{s.w, s.h};
-            std::vector<u8> scalar_bytes;
-            for (nmq::Isa lv : isa_levels()) {
-                nmq::IsaCap cap(lv);
-                Case c = make_case(m, roi, s.pad, s.misalign, (seed & 3) == 0, seed);
-                const std::string err = check_against_reference(m, c, roi);
-                ASSERT_EQ(err, "") << m.name << " " << to_string(s) << " at " << isa_name(lv);
-                if (lv == nmq::Isa::Scalar) scalar_bytes = all_bytes(c.dst);
-                else ASSERT_EQ(all_bytes(c.dst), scalar_bytes) << m.name << " " << to_string(s);
-            }
+            Case c = make_case(m, roi, s.pad, s.misalign, (seed & 3) == 0, seed);
             ++seed;
+            std::vector<Plane*> dst;
+            for (auto& p : c.dst) dst.push_back(&p);
+            ASSERT_EQ(run_every_level(dst, [&] { return m.call(c.io, roi); }), "") << m.name << " " << to_string(s);
+            ASSERT_EQ(check_against_reference(m, c, roi), "") << m.name << " " << to_string(s);
         }
 }
-
 // Argument checks: pointers first (-8), then the size (-6); an error writes nothing.
 TEST(Interlace, ArgumentChecksInOrder) {
     struct Row {
@@ -246,41 +229,6 @@ TEST(Interlace, NullArraysRefused) {
     EXPECT_EQ(nmqiYCbCr420ToYCbCr422_Interlace_8u_P3C2R(nullptr, steps, buf, 8, {4, 4}), nmqStsNullPtr);
     EXPECT_EQ(nmqiYCbCr422ToYCbCr420_Interlace_8u_C2P3R(buf, 8, nullptr, steps, {4, 4}), nmqStsNullPtr);
     EXPECT_EQ(nmqiYCbCr420ToYCbCr422_Deinterlace_8u_P2P3R(buf, 4, buf, 4, nullptr, steps, {4, 4}), nmqStsNullPtr);
-}
-
-// A frame whose fields carry different colours keeps them apart both ways.
-TEST(Interlace, FieldsStayApart) {
-    const int w = 16, h = 12;
-    const int top_cb = 40, top_cr = 200, bot_cb = 220, bot_cr = 30;
-    Plane c2(2 * w, h);
-    for (int r = 0; r < h; ++r)
-        for (int i = 0; i < w / 2; ++i) {
-            u8* g = c2.row(r) + 4 * i;
-            g[0] = u8(r * 16 + i), g[2] = u8(r * 16 + i + 100);
-            g[1] = u8(r % 2 ? bot_cb : top_cb), g[3] = u8(r % 2 ? bot_cr : top_cr);
-        }
-    Plane y(w, h), cb(w / 2, h / 2), cr(w / 2, h / 2);
-    u8* d[3] = {y.ptr(), cb.ptr(), cr.ptr()};
-    const int ds[3] = {y.step, cb.step, cr.step};
-    ASSERT_EQ(nmqiYCbCr422ToYCbCr420_Interlace_8u_C2P3R(c2.ptr(), c2.step, d, ds, {w, h}), nmqStsOk);
-    for (int k = 0; k < h / 2; ++k)
-        for (int i = 0; i < w / 2; ++i) {
-            ASSERT_EQ(cb.row(k)[i], k % 2 ? bot_cb : top_cb) << "row " << k;
-            ASSERT_EQ(cr.row(k)[i], k % 2 ? bot_cr : top_cr) << "row " << k;
-        }
-    // And back: every 4:2:2 row gets its own field's colour exactly.
-    Plane back(2 * w, h);
-    const u8* s[3] = {y.ptr(), cb.ptr(), cr.ptr()};
-    ASSERT_EQ(nmqiYCbCr420ToYCbCr422_Interlace_8u_P3C2R(s, ds, back.ptr(), back.step, {w, h}), nmqStsOk);
-    EXPECT_EQ(back.roi(), c2.roi());
-    // The two-plane form, from the same chroma interleaved.
-    Plane p2c(w, h / 2), back2(2 * w, h);
-    for (int k = 0; k < h / 2; ++k)
-        for (int i = 0; i < w / 2; ++i) p2c.row(k)[2 * i] = cb.row(k)[i], p2c.row(k)[2 * i + 1] = cr.row(k)[i];
-    ASSERT_EQ(nmqiYCbCr420ToYCbCr422_Deinterlace_8u_P2C2R(y.ptr(), y.step, p2c.ptr(), p2c.step, back2.ptr(),
-                                                          back2.step, {w, h}),
-              nmqStsOk);
-    EXPECT_EQ(back2.roi(), c2.roi());
 }
 
 // Hand-computed samples of one chroma column pin the weights and rounding.
