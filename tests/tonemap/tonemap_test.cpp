@@ -3,7 +3,7 @@
 #include <cstring>
 #include <vector>
 
-#include "support/harness.h"
+#include "support/sweep.h"
 
 using namespace nmqt;
 
@@ -85,8 +85,6 @@ TEST(ToneMapValues, HandComputed) {
     // A sample so far above the mean (negative samples pull the mean down to
     // 64 / 3) that the product leaves the integer range still saturates at 255.
     EXPECT_EQ(run(nmqiToneMapMean_32f8u_C1R, {1e9f, -1e9f, 64.0f}), (std::vector<int>{255, 0, 255}));
-    // A positive mean over negative samples.
-    EXPECT_EQ(run(nmqiToneMapMean_32f8u_C1R, {-1.0f, 3.0f}), (std::vector<int>{0, 255}));
 }
 
 // Every level and shape against the written-out rule, with exact-size sources
@@ -113,18 +111,14 @@ TEST(ToneMapSweep, EveryLevelEqualsThePixelRule) {
             if (which == 0 && !(mx > 0)) continue;
             if (which == 1 && !(mean > 0)) continue;
             const float scale = which == 0 ? 255.0f / mx : float(255.0 / mean);
-            for (nmq::Isa lv : isa_levels()) {
-                nmq::IsaCap cap(lv);
-                SCOPED_TRACE(to_string(sh) + " " + isa_name(lv) + (which ? " mean" : " linear"));
-                Plane dst(w, h, sh.pad + 3, sh.misalign ^ 7, 16);
-                dst.randomize(rng);
-                ASSERT_EQ(nmqStsOk, kBoth[which](src.as<float>(), src.step, dst.ptr(), dst.step, {w, h}));
-                EXPECT_TRUE(dst.outside_untouched());
-                for (int y = 0; y < h; ++y)
-                    for (int x = 0; x < w; ++x)
-                        ASSERT_EQ(int(dst.row(y)[x]), expect(reinterpret_cast<const float*>(src.row(y))[x], scale))
-                            << x << "," << y;
-            }
+            const std::string what = to_string(sh) + (which ? " mean" : " linear");
+            Plane dst(w, h, sh.pad + 3, sh.misalign ^ 7, 16);
+            dst.randomize(rng);
+            ASSERT_EQ(run_every_level({&dst}, [&] { return kBoth[which](src.as<float>(), src.step, dst.ptr(), dst.step, {w, h}); }), "")
+                << what;
+            for (int y = 0; y < h; ++y)
+                for (int x = 0; x < w; ++x)
+                    ASSERT_EQ(int(dst.row(y)[x]), expect(reinterpret_cast<const float*>(src.row(y))[x], scale)) << what << " " << x << "," << y;
         }
     }
 }
