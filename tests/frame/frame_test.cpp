@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <vector>
@@ -13,32 +14,30 @@ using namespace nmqt;
 TEST(Version, RecordAndSamePointer) {
     const NmqLibVersion* v = nmqccGetLibVersion();
     ASSERT_EQ(v, nmqccGetLibVersion());
-    EXPECT_EQ(v->major, 8);
-    EXPECT_EQ(v->minor, 2);
-    EXPECT_EQ(v->update, 1);
-    EXPECT_EQ(v->revision, 44077);
     EXPECT_EQ(0, std::memcmp(v->cpuTag, "s2\0\0", 4));
     EXPECT_STREQ(v->name, "nmqCC SSE2 (s2)");
     EXPECT_STREQ(v->version, "8.2.1 (r44077)");
+    EXPECT_EQ(std::to_string(v->major) + "." + std::to_string(v->minor) + "." + std::to_string(v->update) + " (r" +
+                  std::to_string(v->revision) + ")",
+              v->version);
     EXPECT_STREQ(v->buildDate, "Oct  9 2014");
 }
 
 TEST(Chop, ClampsTheWholeRange) {
-    for (int v = -nmq::kChopBias; v < 256 + nmq::kChopBias; ++v) ASSERT_EQ(nmq::chop(v), nmq::sat_u8(v)) << v;
+    for (int v = -nmq::kChopBias; v < 256 + nmq::kChopBias; ++v) ASSERT_EQ(nmq::chop(v), std::clamp(v, 0, 255)) << v;
 }
 
 // Entry 1 of the forward table is 4 although the curve gives 4.5; the inverse
 // table uses its own threshold (0.081).
 TEST(GammaTables, MatchTheCurve) {
     EXPECT_EQ(nmq::kGammaFwd8u[1], 4);
-    EXPECT_EQ(nmq::kGammaFwd8u[2], 9);
-    EXPECT_EQ(nmq::kGammaFwd8u[255], 255);
-    EXPECT_EQ(nmq::kGammaInv8u[3], 1);
-    for (int i = 2; i < 255; ++i) {
+    for (int i = 0; i < 256; ++i) {
         const double t = i / 255.0;
         const double f = t < 0.018 ? 4.5 * t : 1.099 * std::pow(t, 0.45) - 0.099;
         const double g = t < 0.081 ? t / 4.5 : std::pow((t + 0.099) / 1.099, 1 / 0.45);
-        EXPECT_EQ(nmq::kGammaFwd8u[i], int(std::floor(255 * f + 0.5))) << i;
+        if (i != 1) {
+            EXPECT_EQ(nmq::kGammaFwd8u[i], int(std::floor(255 * f + 0.5))) << i;
+        }
         EXPECT_EQ(nmq::kGammaInv8u[i], int(std::floor(255 * g + 0.5))) << i;
     }
 }
@@ -91,16 +90,16 @@ TEST(RandUniform, MatchesSingleStepsInAnyChunking) {
 
 TEST(RandUniform, LowEqualsHighIsConstant) {
     RandUniState_16s* s = nullptr;
-    ASSERT_EQ(nmqsRandUniformInitAlloc_16s(&s, 42, 42, 7), nmqStsOk);
-    std::vector<int16_t> v(33);
-    ASSERT_EQ(nmqsRandUniform_16s(v.data(), 33, s), nmqStsOk);
-    for (int16_t x : v) EXPECT_EQ(x, 42);
-    nmqsRandUniformFree_16s(s);
     RandUniState_32f* f = nullptr;
+    ASSERT_EQ(nmqsRandUniformInitAlloc_16s(&s, 42, 42, 7), nmqStsOk);
     ASSERT_EQ(nmqsRandUniformInitAlloc_32f(&f, 0.25f, 0.25f, 7), nmqStsOk);
+    std::vector<int16_t> v(33);
     std::vector<float> w(33);
+    ASSERT_EQ(nmqsRandUniform_16s(v.data(), 33, s), nmqStsOk);
     ASSERT_EQ(nmqsRandUniform_32f(w.data(), 33, f), nmqStsOk);
-    for (float x : w) EXPECT_EQ(x, 0.25f);
+    EXPECT_EQ(v, std::vector<int16_t>(33, 42));
+    EXPECT_EQ(w, std::vector<float>(33, 0.25f));
+    nmqsRandUniformFree_16s(s);
     nmqsRandUniformFree_32f(f);
 }
 
