@@ -221,10 +221,12 @@ inline Px8 px8(V q, int shifted) {
 
 // Chroma differences db, dr of the 2x2 blocks of two rows' Px8, in the even
 // 32-bit lanes.
+// sy is linear in (dRG, dBG), so the block's sum of sy is the pmaddwd of the
+// block's summed pair.
 inline void block_diffs(const Px8& a, const Px8& b, V& db, V& dr) {
-    const V d = _mm256_add_epi16(a.d, b.d), sy = _mm256_add_epi32(a.sy, b.sy);
+    const V d = _mm256_add_epi16(a.d, b.d);
     const V pd = _mm256_add_epi16(d, _mm256_srli_epi64(d, 32));
-    const V ps = _mm256_add_epi32(sy, _mm256_srli_epi64(sy, 32));
+    const V ps = _mm256_madd_epi16(pd, pair(19595, 7471));
     const V t = _mm256_srai_epi32(_mm256_sub_epi32(c32(131071), ps), 16);
     db = _mm256_add_epi32(_mm256_srai_epi32(pd, 16), t);
     dr = _mm256_add_epi32(_mm256_srai_epi32(_mm256_slli_epi32(pd, 16), 16), t);
