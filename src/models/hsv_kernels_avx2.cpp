@@ -1,9 +1,10 @@
 // AVX2 row kernels of the 8u HSV and HLS conversions between three-byte
-// pixels: 32 pixels per step, eight per 32-bit float lane group, the
-// operations of the SSE2 kernels (hsv_kernels_sse2.h) lane by lane, so the
-// bytes are the scalar ones. The packed reciprocal estimate is the same
-// instruction at both widths. The rest of a row goes to the SSE2 kernel, whose
-// vector part (and therefore the tie rule of 8u HSV) ends at the same column.
+// pixels: 32 pixels per step, eight per group of 32-bit float lanes (a byte
+// shuffle puts each sample straight into its lane), the operations of the
+// SSE2 kernels (hsv_kernels_sse2.h) lane by lane, so the bytes are the scalar
+// ones. The packed reciprocal estimate is the same instruction at both
+// widths. The rest of a row goes to the SSE2 kernel, whose vector part (and
+// therefore the tie rule of 8u HSV) ends at the same column.
 #include <immintrin.h>
 
 #include "models/gray_pixels_avx2.h"
@@ -122,17 +123,28 @@ inline void hls8_to_rgb(I8 H, I8 L, I8 S, I8& r, I8& g, I8& b) {
     b = _mm256_cvttps_epi32(_mm256_mul_ps(sel(gray, l, hls_value(ab, m1, m2)), k));
 }
 
-// Bytes 8k..8k+7 of a register of 32 bytes as eight 32-bit lanes.
-inline I8 widen(I8 m, int k) {
-    const __m128i h = k < 2 ? _mm256_castsi256_si128(m) : _mm256_extracti128_si256(m, 1);
-    return _mm256_cvtepu8_epi32(k & 1 ? _mm_srli_si128(h, 8) : h);
+// Shuffle masks taking the sample at byte offset c of four three-byte pixels
+// to four 32-bit lanes; pick[1] is for pixels loaded four bytes early.
+struct Pick {
+    int8_t m[2][3][16];
+    constexpr Pick() : m() {
+        for (int sh = 0; sh < 2; ++sh)
+            for (int c = 0; c < 3; ++c)
+                for (int j = 0; j < 16; ++j) m[sh][c][j] = int8_t(j % 4 ? 0x80 : 3 * (j / 4) + c + 4 * sh);
+    }
+};
+inline constexpr Pick kPick{};
+
+inline I8 pick_sample(I8 q, int sh, int c) {
+    const __m128i m = _mm_loadu_si128(reinterpret_cast<const __m128i*>(kPick.m[sh][c]));
+    return _mm256_shuffle_epi8(q, _mm256_broadcastsi128_si256(m));
 }
 
-// Four groups of eight 32-bit lanes to 32 bytes in pixel order, saturated to
-// 0..255 as the SSE2 store does (signed 16-bit, then unsigned 8-bit).
+// Four groups of eight 32-bit lanes (group k: pixels 4k..4k+3 and 16+4k..
+// 16+4k+3) to 32 bytes in pixel order, saturated to 0..255 as the SSE2 store
+// does (signed 16-bit, then unsigned 8-bit).
 inline I8 narrow(const I8 g[4]) {
-    const I8 b = _mm256_packus_epi16(_mm256_packs_epi32(g[0], g[1]), _mm256_packs_epi32(g[2], g[3]));
-    return _mm256_permutevar8x32_epi32(b, _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7));
+    return _mm256_packus_epi16(_mm256_packs_epi32(g[0], g[1]), _mm256_packs_epi32(g[2], g[3]));
 }
 
 // Byte offsets of the model samples inside a three-byte pixel.
@@ -150,11 +162,17 @@ inline int map32(const SrcRow& s, const DstRow& d, int width, F f) {
     using D = Offsets<Dd>;
     int x = 0;
     for (; x + 32 <= width; x += 32) {
-        I8 m[3];
-        px256::load3x32(s.p[0] + 3 * x, m);
+        // Group k holds pixels 4k..4k+3 in the low lane and 16+4k.. in the
+        // high one, one per 32-bit lane; the last group is loaded four bytes
+        // early so that no load passes pixel 31.
+        const uint8_t* q = s.p[0] + 3 * ptrdiff_t(x);
         I8 o[3][4];
-        for (int k = 0; k < 4; ++k)
-            f(widen(m[S::kO0], k), widen(m[S::kO1], k), widen(m[S::kO2], k), o[0][k], o[1][k], o[2][k]);
+        for (int k = 0; k < 4; ++k) {
+            const int off = k == 3 ? 32 : 12 * k, sh = k == 3;
+            const I8 g = px256::ld2(q + off, q + off + 48);
+            f(pick_sample(g, sh, S::kO0), pick_sample(g, sh, S::kO1), pick_sample(g, sh, S::kO2), o[0][k], o[1][k],
+              o[2][k]);
+        }
         I8 out[3];
         out[D::kO0] = narrow(o[0]);
         out[D::kO1] = narrow(o[1]);
