@@ -35,10 +35,12 @@ inline F8 rcp_nr(F8 x) {
     return _mm256_sub_ps(_mm256_mul_ps(ps(2.0f), r), _mm256_mul_ps(_mm256_mul_ps(x, r), r));
 }
 
+// Gray pixels (d = 0) compute NaNs for H and S (and for S of black), which
+// convert to the integer indefinite value; narrow() saturates that to 0, the
+// value the SSE2 kernels get by masking, so no mask is needed here.
 inline void rgb_to_hsv8(I8 r, I8 g, I8 b, I8& h, I8& s, I8& v) {
     const I8 V = max3(r, g, b);
     const I8 d = _mm256_sub_epi32(V, min3(r, g, b));
-    const I8 gray = eq(d, zero());
     const F8 fd = cvt(d);
     const F8 sf = _mm256_mul_ps(_mm256_mul_ps(_mm256_rcp_ps(cvt(V)), fd), ps(255.0f));
     const F8 inv = _mm256_rcp_ps(fd);
@@ -51,8 +53,8 @@ inline void rgb_to_hsv8(I8 r, I8 g, I8 b, I8& h, I8& s, I8& v) {
                       sel(g_wins, _mm256_sub_ps(_mm256_add_ps(ps(2.0f), rc), bc), _mm256_sub_ps(bc, gc)));
     F8 hf = _mm256_mul_ps(h6, ps(42.5f));
     hf = _mm256_add_ps(hf, _mm256_and_ps(lt(hf, _mm256_setzero_ps()), ps(255.0f)));
-    h = _mm256_andnot_si256(gray, _mm256_cvtps_epi32(hf));
-    s = _mm256_andnot_si256(gray, _mm256_cvtps_epi32(sf));
+    h = _mm256_cvtps_epi32(hf);
+    s = _mm256_cvtps_epi32(sf);
     v = V;
 }
 
@@ -79,7 +81,6 @@ inline void hsv8_to_rgb(I8 H, I8 S, I8 V, I8& r, I8& g, I8& b) {
 inline void rgb_to_hls8(I8 r, I8 g, I8 b, I8& h, I8& l, I8& s) {
     const I8 V = max3(r, g, b), m = min3(r, g, b);
     const I8 d = _mm256_sub_epi32(V, m);
-    const I8 gray = eq(d, zero());
     const F8 sum = cvt(_mm256_add_epi32(V, m));
     const F8 half = _mm256_mul_ps(sum, ps(0.5f));
     l = _mm256_cvttps_epi32(half);
@@ -95,8 +96,8 @@ inline void rgb_to_hls8(I8 r, I8 g, I8 b, I8& h, I8& l, I8& s) {
     const I8 is_g = _mm256_andnot_si256(is_r, eq(g, V));
     F8 hue = sel(is_r, hr, sel(is_g, hg, hb));
     hue = _mm256_add_ps(hue, _mm256_and_ps(lt(hue, _mm256_setzero_ps()), ps(360.0f)));
-    h = _mm256_andnot_si256(gray, _mm256_cvttps_epi32(_mm256_mul_ps(hue, ps(Hls8u::kHueOut))));
-    s = _mm256_andnot_si256(gray, _mm256_cvttps_epi32(sf));
+    h = _mm256_cvttps_epi32(_mm256_mul_ps(hue, ps(Hls8u::kHueOut)));
+    s = _mm256_cvttps_epi32(sf);
 }
 
 inline F8 hls_value(F8 a, F8 m1, F8 m2) {
