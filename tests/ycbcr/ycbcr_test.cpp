@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <tuple>
 
+#include "support/sweep.h"
 #include "ycbcr/ycbcr_table.h"
 
 using namespace ycct;
@@ -141,38 +142,20 @@ TEST(YCbCr, ArgumentChecksInOrder) {
     }
 }
 
-// Every shape, every level: status, values against the reference, nothing
-// written outside the ROI nor into kept bytes, and the same bytes as scalar.
-// (A failing export stops at its first failure; the others still run.)
+// Every shape, every level: status, nothing written outside the ROI, the
+// scalar bytes at every level, no kept byte written, values against the
+// reference. (A failing export stops at its first failure; the others still run.)
 static void sweep(const Export& e, const std::vector<Shape>& shapes, Rng& rng) {
     int k = 0;
     for (const Shape& sh : shapes) {
         SCOPED_TRACE(to_string(sh));
         Images im = make(e, sh, rng, (k++ % 3) == 0);
-        std::vector<std::vector<uint8_t>> scalar;
-        for (nmq::Isa lv : isa_levels()) {
-            SCOPED_TRACE(isa_name(lv));
-            std::vector<Plane> out;  // fresh destinations holding the same bytes
-            Img d = im.d;
-            for (size_t i = 0; i < im.dst.size(); ++i) {
-                out.emplace_back(im.dst[i].row_bytes, im.dst[i].rows, sh.pad, sh.misalign, 16);
-                out.back().copy_from(im.dst[i]);
-                d.p[i] = out.back().ptr();
-            }
-            NmqStatus st;
-            {
-                nmq::IsaCap cap(lv);
-                st = e.call(im.s, d, {sh.w, sh.h});
-            }
-            ASSERT_EQ(st, expected_status(e, sh.w, sh.h));
-            for (auto& p : out) ASSERT_TRUE(p.outside_untouched());
-            ASSERT_TRUE(kept_bytes(e, out, sh.w, sh.h));
-            ASSERT_EQ(check_values(e, im.src, out, sh.w, sh.h), "");
-            for (size_t i = 0; i < out.size(); ++i) {
-                if (lv == nmq::Isa::Scalar) scalar.push_back(out[i].roi());
-                else ASSERT_EQ(first_diff(scalar[i], out[i].roi(), out[i].row_bytes), "") << "plane " << i;
-            }
-        }
+        std::vector<Plane*> dst;
+        for (auto& p : im.dst) dst.push_back(&p);
+        ASSERT_EQ(run_every_level(dst, [&] { return e.call(im.s, im.d, {sh.w, sh.h}); }, expected_status(e, sh.w, sh.h)),
+                  "");
+        ASSERT_TRUE(kept_bytes(e, im.dst, sh.w, sh.h));
+        ASSERT_EQ(check_values(e, im.src, im.dst, sh.w, sh.h), "");
     }
 }
 
