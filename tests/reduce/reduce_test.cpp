@@ -7,7 +7,7 @@
 
 #include "frame/helpers.h"
 #include "frame/rand.h"
-#include "support/harness.h"
+#include "support/sweep.h"
 
 using namespace nmqt;
 
@@ -53,11 +53,6 @@ void fill_source(Plane& p, const Export& e, Rng& r) {
             f[i] = k == 0 ? 0.0f : k == 1 ? 1.0f : r.uniformf(-0.05f, 1.05f);
         }
     }
-}
-
-// A plane whose rows keep the element alignment.
-Plane make_plane(int bytes, int rows, const Shape& s, int eb, int guard, bool page = false) {
-    return Plane(bytes, rows, s.pad / eb * eb, s.misalign / eb * eb, guard, page);
 }
 
 }  // namespace
@@ -177,6 +172,11 @@ const Pin kPins[] = {
     {"error carries from one channel pass to the next", "nmqiReduceBits_8u_C3R", 1, 2, 3, 3, {0, 60, 0, 60, 0, 0},
      {0, 127, -1, 0, -1, -1}},
     {"alone, 60 stays at the bottom", "nmqiReduceBits_8u_C3R", 1, 2, 3, 3, {0, 60, 0, 0, 0, 0}, {0, 0, -1, 0, -1, -1}},
+    // Float Floyd-Steinberg gathers the row above as (3*e[x+1] + 5*e[x]) + e[x-1]:
+    // the second row's pixel 1 is placed so that only this order of the sum
+    // carries it past the half step (two levels).
+    {"float Floyd-Steinberg sums the centre first", "nmqiReduceBits_32f8u_C1R", 3, 2, 1, 2,
+     {0x1.e6b46p-4, 0x1.24b4ep-5, 0x1.71e99cp-3, -1, 0x1.b2474ep-2, -1}, {-1, -1, -1, -1, 255, -1}},
     // The remainder 128 against M * 8.5 (255/15): the cells with M <= 7 go up.
     {"Bayer pattern of flat 128", "nmqiReduceBits_8u_C1R", 4, 4, 4, 2, std::vector<double>(16, 128),
      {255, 0, 255, 0, 0, 255, 0, 255, 255, 0, 255, 0, 0, 255, 0, 255}},
@@ -354,37 +354,25 @@ TEST(ReduceBits, SimdLevelsMatchScalarAndStayInside) {
     Rng rng(4);
     const auto shapes = sweep_shapes(1, 1, 1031);
     int k = 0;
-    for (const Export& e : kExports) {
+    for (const Export& e : kExports)
         for (const Shape& sh : shapes) {
             const int kind = k % 5, noise = (k / 5) % 2 ? 0 : 20 + k % 81;
             const int levels = (k % 3 == 0) ? e.top() + 1 : 2 + k % 40;
             ++k;
             const int ne = e.elems();
-            Plane src = make_plane(sh.w * ne * e.sb, sh.h, sh, e.sb, 0, k % 2);
-            Plane dst = make_plane(sh.w * ne * e.db, sh.h, sh, e.db, 16);
-            Plane fresh = make_plane(sh.w * ne * e.db, sh.h, sh, e.db, 16);
+            Plane src = shaped(sh, sh.w * ne * e.sb, sh.h, e.sb, 0, k % 2);
+            Plane dst = shaped(sh, sh.w * ne * e.db, sh.h, e.db, 16);
             fill_source(src, e, rng);
-            fresh.randomize(rng);
-            dst.copy_from(fresh);
-            std::vector<uint8_t> scalar;
-            {
-                nmq::IsaCap cap(nmq::Isa::Scalar);
-                ASSERT_EQ(e.fn(src.ptr(), src.step, dst.ptr(), dst.step, {sh.w, sh.h}, noise, kind, levels), 0);
-                scalar = dst.roi();
-            }
-            ASSERT_TRUE(dst.outside_untouched()) << e.name << " " << to_string(sh);
+            dst.randomize(rng);
+            ASSERT_EQ(run_every_level({&dst}, [&] {
+                          return e.fn(src.ptr(), src.step, dst.ptr(), dst.step, {sh.w, sh.h}, noise, kind, levels);
+                      }),
+                      "")
+                << e.name << " kind " << kind << " " << to_string(sh);
             if (e.mode == 4) {
                 ASSERT_TRUE(dst.kept([&](int xb, int) { return (xb / e.db) % 4 == 3; })) << e.name << to_string(sh);
             }
-            for_each_simd_level([&](nmq::Isa lv) {
-                dst.copy_from(fresh);
-                ASSERT_EQ(e.fn(src.ptr(), src.step, dst.ptr(), dst.step, {sh.w, sh.h}, noise, kind, levels), 0);
-                ASSERT_EQ(first_diff(scalar, dst.roi(), dst.row_bytes), "")
-                    << e.name << " " << isa_name(lv) << " kind " << kind << " " << to_string(sh);
-                ASSERT_TRUE(dst.outside_untouched()) << e.name << " " << to_string(sh);
-            });
         }
-    }
 }
 
 // Every scratch allocation may fail: the call reports it and keeps nothing
@@ -410,37 +398,4 @@ TEST(ReduceBits, ScratchFailuresReturnNoMemory) {
     uint8_t s[4] = {}, d[1] = {};
     EXPECT_EQ(nmqiReduceBits_8u1u_C1R(s, 4, d, 1, 0, {4, 1}, 0, 0, DitherKindStucki, 9), nmqStsNoMemory);
     nmq::test_fail_alloc_after(0);
-}
-
-// Float Floyd-Steinberg gathers the row above as (3*e[x+1] + 5*e[x]) + e[x-1].
-// Two levels (step 1, threshold 0.5): the top row's errors are its values
-// with what flows along the row; the second row's pixel 1 is placed so that
-// only this order of the sum carries it past 0.5.
-TEST(ReduceBits, FloatFloydSteinbergSumsCentreFirst) {
-    Rng rng(9);
-    int found = 0;
-    for (int attempt = 0; attempt < 2000 && found < 20; ++attempt) {
-        float top[3] = {rng.uniformf(0.01f, 0.2f), rng.uniformf(0.01f, 0.2f), rng.uniformf(0.01f, 0.2f)};
-        float e[3];
-        e[0] = top[0];
-        e[1] = top[1] + (0.0f + 7.0f * e[0]) * 0.0625f;
-        e[2] = top[2] + (0.0f + 7.0f * e[1]) * 0.0625f;
-        const float centreFirst = (3.0f * e[2] + 5.0f * e[1]) + e[0];
-        const float leftFirst = (3.0f * e[2] + e[0]) + 5.0f * e[1];
-        if (centreFirst == leftFirst) continue;
-        // The first value of the second row at which the two orders disagree.
-        float t = 0.5f - centreFirst * 0.0625f;
-        for (int i = 0; i < 8; ++i, t = std::nextafter(t, 1.0f)) {
-            const bool upC = 0.5f < t + (centreFirst + 0.0f) * 0.0625f;
-            const bool upL = 0.5f < t + (leftFirst + 0.0f) * 0.0625f;
-            if (upC == upL) continue;
-            const float s[6] = {top[0], top[1], top[2], -1.0f, t, -1.0f};
-            uint8_t d[6];
-            ASSERT_EQ(nmqiReduceBits_32f8u_C1R(s, 12, d, 3, {3, 2}, 0, DitherKindFloydSteinberg, 2), nmqStsOk);
-            EXPECT_EQ(d[4], upC ? 255 : 0) << attempt;
-            ++found;
-            break;
-        }
-    }
-    EXPECT_GE(found, 5);
 }
