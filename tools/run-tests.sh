@@ -1,16 +1,19 @@
 #!/usr/bin/env bash
-# Builds and tests nmqcc three ways: x86-64 release, i686 release (-m32 -msse2
-# -mfpmath=sse) and x86-64 with AddressSanitizer + UndefinedBehaviorSanitizer.
+# Builds and tests nmqcc: x86-64 release, i686 release (-m32 -msse2
+# -mfpmath=sse), x86-64 with AddressSanitizer + UndefinedBehaviorSanitizer,
+# libFuzzer over every export (clang; bounded by NMQ_FUZZ_SECONDS, default
+# 240) and the threads test under ThreadSanitizer (clang).
 # Installs the Debian packages it needs when they are missing (as root).
-# Configurations fuzz (libFuzzer over every export, bounded by
-# NMQ_FUZZ_SECONDS, default 240) and tsan (the threads test under
-# ThreadSanitizer) build with clang and run on request.
-# Usage: tools/run-tests.sh [x64|i686|asan|fuzz|tsan ...]   (default: x64 i686 asan)
+# Usage: tools/run-tests.sh [x64|i686|asan|fuzz|tsan ...]   (default: all five)
 set -euo pipefail
 cd "$(dirname "$0")/.."
 root=$(pwd)
 
-need=(cmake g++ g++-multilib make googletest libgtest-dev libpng-dev libjpeg-dev libbenchmark-dev pkg-config)
+configs=("$@")
+[ ${#configs[@]} -gt 0 ] || configs=(x64 i686 asan fuzz tsan)
+
+need=(cmake g++ g++-multilib make python3 googletest libgtest-dev libpng-dev libjpeg-dev libbenchmark-dev pkg-config)
+case " ${configs[*]} " in *" fuzz "*|*" tsan "*) need+=(clang-14 libclang-rt-14-dev) ;; esac
 missing=()
 for p in "${need[@]}"; do dpkg -s "$p" >/dev/null 2>&1 || missing+=("$p"); done
 if [ ${#missing[@]} -gt 0 ]; then
@@ -24,8 +27,7 @@ if [ ${#missing[@]} -gt 0 ]; then
 fi
 
 jobs=$(nproc 2>/dev/null || echo 2)
-configs=("$@")
-[ ${#configs[@]} -gt 0 ] || configs=(x64 i686 asan)
+passed=0
 
 for c in "${configs[@]}"; do
   case "$c" in
@@ -50,6 +52,7 @@ for c in "${configs[@]}"; do
         cmake --build "$root/build/$c" -j "$jobs" --target test_robust_threads
         TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1 "$root/build/$c/tests/robust/test_robust_threads"
       fi
+      passed=$((passed + 1))
       continue ;;
     *) echo "unknown configuration $c" >&2; exit 2 ;;
   esac
@@ -57,5 +60,10 @@ for c in "${configs[@]}"; do
   cmake -S "$root" -B "$root/build/$c" "${flags[@]}" >/dev/null
   cmake --build "$root/build/$c" -j "$jobs"
   ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
-    ctest --test-dir "$root/build/$c" -j "$jobs" --output-on-failure
+    ctest --test-dir "$root/build/$c" -j "$jobs" --output-on-failure | tee "$root/build/$c/ctest.log"
+  n=$(sed -n 's/.*tests passed, 0 tests failed out of \([0-9]*\).*/\1/p' "$root/build/$c/ctest.log" | tail -1)
+  passed=$((passed + ${n:-0}))
 done
+# Every configuration passed (the script stops at the first failure).
+echo "all configurations (${configs[*]}): ${passed} tests passed"
+echo "tests: ${passed} passed, 0 failed"
