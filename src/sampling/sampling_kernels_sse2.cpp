@@ -79,37 +79,36 @@ void ownccCopy_8u_C1(const u8* s, u8* d, int n, bool streaming) {
     if (nt) _mm_sfence();
 }
 
-template <class O>
-void Split422_8u_sse2(const u8* s, u8* y, u8* cb, u8* cr, int pairs) {
+// Blocks of 16 pairs; the aligned kernel differs only in its loads and luma
+// stores. Returns the number of pairs done.
+template <class O, bool Aligned>
+int split422_blocks16(const u8* s, u8* y, u8* cb, u8* cr, int pairs) {
+    const auto load = [](const u8* p) { return Aligned ? lda(p) : ld(p); };
+    const auto store = [](u8* p, __m128i v) { Aligned ? sta(p, v) : st(p, v); };
     int i = 0;
     for (; i + 16 <= pairs; i += 16) {
         const u8* p = s + 4 * i;
         __m128i y0, y1, c0, c1;
-        unpack16<O>(ld(p), ld(p + 16), y0, c0);
-        unpack16<O>(ld(p + 32), ld(p + 48), y1, c1);
+        unpack16<O>(load(p), load(p + 16), y0, c0);
+        unpack16<O>(load(p + 32), load(p + 48), y1, c1);
         const __m128i f = even_bytes(c0, c1), g = odd_bytes(c0, c1);
-        st(y + 2 * i, y0);
-        st(y + 2 * i + 16, y1);
+        store(y + 2 * i, y0);
+        store(y + 2 * i + 16, y1);
         st(cb + i, kCbFirst<O> ? f : g);
         st(cr + i, kCbFirst<O> ? g : f);
     }
+    return i;
+}
+
+template <class O>
+void Split422_8u_sse2(const u8* s, u8* y, u8* cb, u8* cr, int pairs) {
+    const int i = split422_blocks16<O, false>(s, y, cb, cr, pairs);
     Split422_8u_scalar<O>(s + 4 * i, y + 2 * i, cb + i, cr + i, pairs - i);
 }
 
 template <class O>
 void Split422_8u_a16_sse2(const u8* s, u8* y, u8* cb, u8* cr, int pairs) {
-    int i = 0;
-    for (; i + 16 <= pairs; i += 16) {
-        const u8* p = s + 4 * i;
-        __m128i y0, y1, c0, c1;
-        unpack16<O>(lda(p), lda(p + 16), y0, c0);
-        unpack16<O>(lda(p + 32), lda(p + 48), y1, c1);
-        const __m128i f = even_bytes(c0, c1), g = odd_bytes(c0, c1);
-        sta(y + 2 * i, y0);
-        sta(y + 2 * i + 16, y1);
-        st(cb + i, kCbFirst<O> ? f : g);
-        st(cr + i, kCbFirst<O> ? g : f);
-    }
+    int i = split422_blocks16<O, true>(s, y, cb, cr, pairs);
     for (; i + 8 <= pairs; i += 8) {
         const u8* p = s + 4 * i;
         __m128i y0, c0;
