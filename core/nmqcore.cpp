@@ -52,6 +52,7 @@ uint64_t detect() {
         if (r[1] & (1u << 8)) f |= nmqCpuBMI2;
         if (zmm && (r[1] & (1u << 16))) f |= nmqCpuAVX512F;
         if (zmm && (r[1] & (1u << 30))) f |= nmqCpuAVX512BW;
+        if (zmm && (r[1] & (1u << 31))) f |= nmqCpuAVX512VL;
     }
     return f;
 }

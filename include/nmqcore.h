@@ -35,6 +35,7 @@ extern "C" {
 #define nmqCpuBMI2   (1ull << 12)
 #define nmqCpuAVX512F (1ull << 13) /* set only when the OS saves the ZMM state */
 #define nmqCpuAVX512BW (1ull << 14)
+#define nmqCpuAVX512VL (1ull << 15)
 
 /* Statuses of the core functions (the same values as nmqcc's). */
 #define nmqCoreStsOk            0

@@ -6,6 +6,8 @@ namespace nmq {
 namespace {
 Isa detect_isa() {
     const uint64_t f = nmqGetEnabledCpuFeatures();
+    const uint64_t avx512 = nmqCpuAVX512F | nmqCpuAVX512BW | nmqCpuAVX512VL;
+    if ((f & avx512) == avx512 && (f & nmqCpuAVX2)) return Isa::Avx512;
     if (f & nmqCpuAVX2) return Isa::Avx2;
     if (f & nmqCpuSSE41) return Isa::Sse41;
     if (f & nmqCpuSSSE3) return Isa::Ssse3;
@@ -13,7 +15,7 @@ Isa detect_isa() {
     return Isa::Scalar;
 }
 // The only per-thread state of the library, and only tests write it.
-thread_local Isa t_cap = Isa::Avx2;
+thread_local Isa t_cap = Isa::Avx512;
 }  // namespace
 
 Isa cpu_isa() {

@@ -8,7 +8,9 @@
 
 namespace nmq {
 
-enum class Isa : int { Scalar = 0, Sse2 = 1, Ssse3 = 2, Sse41 = 3, Avx2 = 4 };
+// Avx512 means AVX-512 F, BW and VL together (byte-masked loads and stores on
+// 128/256/512-bit vectors); a CPU with only some of them stays at Avx2.
+enum class Isa : int { Scalar = 0, Sse2 = 1, Ssse3 = 2, Sse41 = 3, Avx2 = 4, Avx512 = 5 };
 
 // Best level this CPU and OS allow (detected once through nmqGetEnabledCpuFeatures).
 Isa cpu_isa();
@@ -38,11 +40,13 @@ struct Kernels {
     F avx2 = nullptr;
     F ssse3 = nullptr;
     F sse41 = nullptr;
+    F avx512 = nullptr;
 };
 
 template <class F>
 inline F pick(const Kernels<F>& k) {
     const Isa a = active_isa();
+    if (a >= Isa::Avx512 && k.avx512) return k.avx512;
     if (a >= Isa::Avx2 && k.avx2) return k.avx2;
     if (a >= Isa::Sse41 && k.sse41) return k.sse41;
     if (a >= Isa::Ssse3 && k.ssse3) return k.ssse3;

@@ -135,7 +135,8 @@ std::vector<Shape> sweep_shapes(int min_w, int min_h, int max_w) {
 std::vector<nmq::Isa> isa_levels() {
     std::vector<nmq::Isa> v{nmq::Isa::Scalar};
     const nmq::Isa top = nmq::cpu_isa();
-    for (nmq::Isa l : {nmq::Isa::Sse2, nmq::Isa::Ssse3, nmq::Isa::Sse41, nmq::Isa::Avx2})
+    for (nmq::Isa l : {nmq::Isa::Sse2, nmq::Isa::Ssse3, nmq::Isa::Sse41, nmq::Isa::Avx2,
+                          nmq::Isa::Avx512})
         if (l <= top) v.push_back(l);
     return v;
 }
@@ -147,6 +148,7 @@ const char* isa_name(nmq::Isa l) {
         case nmq::Isa::Ssse3: return "ssse3";
         case nmq::Isa::Sse41: return "sse4.1";
         case nmq::Isa::Avx2: return "avx2";
+        case nmq::Isa::Avx512: return "avx512";
     }
     return "?";
 }
