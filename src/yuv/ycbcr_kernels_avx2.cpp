@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "yuv/ycbcr_avx2.h"
+#include "yuv/ycbcr_avx2_split.h"
 
 namespace nmq::ycc::avx2 {
 namespace {
@@ -312,6 +313,16 @@ int inv420_blocks(const Ycc420In& in, const RgbOut& o0, const RgbOut& o1, int x0
         } else {
             cb = _mm256_cvtepu8_epi16(ld16(in.cb + x / 2));
             cr = _mm256_cvtepu8_epi16(ld16(in.cr + x / 2));
+        }
+        if constexpr (SplitX<I>::on) {  // the chroma part once per sample, for four pixels
+            using S = typename SplitX<I>::type;
+            const typename S::Terms c = S::terms(cb, cr), lo = S::dup(c, false), hi = S::dup(c, true);
+            V R, G, B;
+            S::rgb32(ld32(in.y0 + x), lo, hi, R, G, B);
+            store32<Bgr, DS>(o0, x, R, G, B);
+            S::rgb32(ld32(in.y1 + x), lo, hi, R, G, B);
+            store32<Bgr, DS>(o1, x, R, G, B);
+            continue;
         }
         const V cbl = _mm256_unpacklo_epi16(cb, cb), cbh = _mm256_unpackhi_epi16(cb, cb);
         const V crl = _mm256_unpacklo_epi16(cr, cr), crh = _mm256_unpackhi_epi16(cr, cr);

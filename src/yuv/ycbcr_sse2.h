@@ -341,6 +341,81 @@ struct InvCore<Inv601<KR, KG, KB>> {
     }
 };
 
+// The same sums split at the chroma sample, for sources where several pixels
+// share one (4:2:0). Per sample and channel the chroma part C of the sum
+// (C = 104595*Cr + KR for R) is held as its high half H = floor(C / 2^16) and
+// a threshold T = 32767 - (C mod 2^16); per pixel, 76284*Y is 2^16*(Y + Yh) +
+// Yl with Yh, Yl the halves of 10748*Y, and the result is Y + Yh + H plus the
+// carry out of Yl + (C mod 2^16), which is Yl - 32768 > T as signed 16-bit
+// numbers. Every step is exact: the bytes are those of the 32-bit sums.
+// A channel weight a = 2^16*m + w (0 <= w < 2^16) gives H from m*c + the
+// unsigned high half of w*c, and T from the low half of -w*c; the carry of
+// that low half into the constant's own is T > 32767 - (K mod 2^16).
+template <int KR, int KG, int KB>
+struct InvSplit601 {
+    struct Terms {
+        __m128i h[3], t[3];
+    };
+    static constexpr int lo(int k) { return k & 0xFFFF; }
+    static constexpr int hi(int k) { return (k - lo(k)) / 65536; }
+    // H and T of one weight a = 2^16*m + w on one chroma input c.
+    template <int M, int W, int K>
+    static void one(__m128i c, __m128i& h, __m128i& t) {
+        const __m128i k = _mm_set1_epi16(short(32767 - lo(K)));
+        t = _mm_add_epi16(_mm_mullo_epi16(c, _mm_set1_epi16(short(-W))), k);
+        const __m128i mc = M == 2 ? _mm_add_epi16(c, c) : c;
+        h = _mm_sub_epi16(_mm_add_epi16(_mm_add_epi16(_mm_mulhi_epu16(c, _mm_set1_epi16(short(W))), mc),
+                                        _mm_set1_epi16(short(hi(K)))),
+                          _mm_cmpgt_epi16(t, k));
+    }
+    // Terms of 8 samples (16-bit lanes). G is -25690*Cb + 12255*Cr - 2^16*Cr
+    // + KG: its high half comes from an exact 32-bit pmaddwd sum.
+    static Terms terms(__m128i Cb, __m128i Cr) {
+        Terms o;
+        one<1, 104595 - 65536, KR>(Cr, o.h[0], o.t[0]);
+        one<2, 132186 - 131072, KB>(Cb, o.h[2], o.t[2]);
+        const __m128i w = pair16(-25690, 12255), k = _mm_set1_epi32(KG);
+        const __m128i l = _mm_add_epi32(_mm_madd_epi16(_mm_unpacklo_epi16(Cb, Cr), w), k);
+        const __m128i u = _mm_add_epi32(_mm_madd_epi16(_mm_unpackhi_epi16(Cb, Cr), w), k);
+        o.h[1] = _mm_sub_epi16(_mm_packs_epi32(_mm_srai_epi32(l, 16), _mm_srai_epi32(u, 16)), Cr);
+        o.t[1] = _mm_add_epi16(_mm_add_epi16(_mm_mullo_epi16(Cb, _mm_set1_epi16(25690)),
+                                             _mm_mullo_epi16(Cr, _mm_set1_epi16(-12255))),
+                               _mm_set1_epi16(short(32767 - lo(KG))));
+        return o;
+    }
+    // The terms of samples 0-3 (lo) or 4-7, each for two pixels in a row.
+    static Terms dup(const Terms& c, bool high) {
+        Terms o;
+        for (int i = 0; i < 3; ++i) {
+            o.h[i] = high ? _mm_unpackhi_epi16(c.h[i], c.h[i]) : _mm_unpacklo_epi16(c.h[i], c.h[i]);
+            o.t[i] = high ? _mm_unpackhi_epi16(c.t[i], c.t[i]) : _mm_unpacklo_epi16(c.t[i], c.t[i]);
+        }
+        return o;
+    }
+    // R, G, B of 8 pixels (16-bit, before the clamp).
+    static void apply(__m128i Y, const Terms& c, __m128i& R, __m128i& G, __m128i& B) {
+        const __m128i yy = _mm_add_epi16(Y, _mm_mulhi_epu16(Y, _mm_set1_epi16(10748)));
+        const __m128i yl = _mm_xor_si128(_mm_mullo_epi16(Y, _mm_set1_epi16(10748)), _mm_set1_epi16(-32768));
+        __m128i v[3];
+        for (int i = 0; i < 3; ++i) v[i] = _mm_sub_epi16(_mm_add_epi16(yy, c.h[i]), _mm_cmpgt_epi16(yl, c.t[i]));
+        R = v[0];
+        G = v[1];
+        B = v[2];
+    }
+};
+
+// Which inverses have a split form.
+template <class I>
+struct Split {
+    static constexpr bool on = false;
+    using type = void;
+};
+template <int KR, int KG, int KB>
+struct Split<Inv601<KR, KG, KB>> {
+    static constexpr bool on = true;
+    using type = InvSplit601<KR, KG, KB>;
+};
+
 template <int CY, int YOFF, int CRR, int CBG, int CRG, int CBB>
 struct InvCore<Inv709<CY, YOFF, CRR, CBG, CRG, CBB>> {
     static void run(__m128i Y, __m128i Cb, __m128i Cr, __m128i& R, __m128i& G, __m128i& B) {
@@ -381,6 +456,19 @@ void inv420(const Ycc420In& in, const RgbOut& o0, const RgbOut& o1, int x0, int 
         } else {
             cb = _mm_unpacklo_epi8(ld8(in.cb + x / 2), z);
             cr = _mm_unpacklo_epi8(ld8(in.cr + x / 2), z);
+        }
+        if constexpr (Split<I>::on) {  // the chroma part once per sample, for four pixels
+            using S = typename Split<I>::type;
+            const typename S::Terms c = S::terms(cb, cr), lo = S::dup(c, false), hi = S::dup(c, true);
+            for (int r = 0; r < 2; ++r) {
+                const __m128i Yb = ld((r ? in.y1 : in.y0) + x);
+                __m128i R0, G0, B0, R1, G1, B1;
+                S::apply(_mm_unpacklo_epi8(Yb, z), lo, R0, G0, B0);
+                S::apply(_mm_unpackhi_epi8(Yb, z), hi, R1, G1, B1);
+                store16<Bgr, DS>(r ? o1 : o0, x, _mm_packus_epi16(R0, R1), _mm_packus_epi16(G0, G1),
+                                 _mm_packus_epi16(B0, B1));
+            }
+            continue;
         }
         const __m128i cbl = _mm_unpacklo_epi16(cb, cb), cbh = _mm_unpackhi_epi16(cb, cb);
         const __m128i crl = _mm_unpacklo_epi16(cr, cr), crh = _mm_unpackhi_epi16(cr, cr);
