@@ -36,9 +36,42 @@ void RGBToYUV_C3R(benchmark::State& st) {
     nmqb::set_mpx(st, kW, kH);
 }
 
+// Four-byte outputs whose fourth byte is kept.
+void YUV420ToRGB_P3AC4R(benchmark::State& st) {
+    Buf y(size_t(kW) * kH), u(size_t(kW / 2) * kH / 2), v(size_t(kW / 2) * kH / 2), rgba(size_t(kW) * kH * 4);
+    const Nmq8u* s[3] = {y.p, u.p, v.p};
+    const int ss[3] = {kW, kW / 2, kW / 2};
+    for (auto _ : st) benchmark::DoNotOptimize(nmqiYUV420ToRGB_8u_P3AC4R(s, ss, rgba.p, 4 * kW, {kW, kH}));
+    nmqb::set_mpx(st, kW, kH);
+}
+
+void YUV422ToRGB_P3AC4R(benchmark::State& st) {
+    Buf y(size_t(kW) * kH), u(size_t(kW / 2) * kH), v(size_t(kW / 2) * kH), rgba(size_t(kW) * kH * 4);
+    const Nmq8u* s[3] = {y.p, u.p, v.p};
+    const int ss[3] = {kW, kW / 2, kW / 2};
+    for (auto _ : st) benchmark::DoNotOptimize(nmqiYUV422ToRGB_8u_P3AC4R(s, ss, rgba.p, 4 * kW, {kW, kH}));
+    nmqb::set_mpx(st, kW, kH);
+}
+
+void YUVToRGB_AC4R(benchmark::State& st) {
+    Buf yuv(size_t(kW) * kH * 4), rgba(size_t(kW) * kH * 4);
+    for (auto _ : st) benchmark::DoNotOptimize(nmqiYUVToRGB_8u_AC4R(yuv.p, 4 * kW, rgba.p, 4 * kW, {kW, kH}));
+    nmqb::set_mpx(st, kW, kH);
+}
+
+void RGBToYUV_AC4R(benchmark::State& st) {
+    Buf rgba(size_t(kW) * kH * 4), yuv(size_t(kW) * kH * 4);
+    for (auto _ : st) benchmark::DoNotOptimize(nmqiRGBToYUV_8u_AC4R(rgba.p, 4 * kW, yuv.p, 4 * kW, {kW, kH}));
+    nmqb::set_mpx(st, kW, kH);
+}
+
 }  // namespace
 
 BENCHMARK(YUV420ToRGB_P3C3R)->Name("nmqiYUV420ToRGB_8u_P3C3R")->Unit(benchmark::kMillisecond);
 BENCHMARK(RGBToYUV420_C3P3R)->Name("nmqiRGBToYUV420_8u_C3P3R")->Unit(benchmark::kMillisecond);
 BENCHMARK(YUV422ToRGB_C2C3R)->Name("nmqiYUV422ToRGB_8u_C2C3R")->Unit(benchmark::kMillisecond);
 BENCHMARK(RGBToYUV_C3R)->Name("nmqiRGBToYUV_8u_C3R")->Unit(benchmark::kMillisecond);
+BENCHMARK(YUV420ToRGB_P3AC4R)->Name("nmqiYUV420ToRGB_8u_P3AC4R")->Unit(benchmark::kMillisecond);
+BENCHMARK(YUV422ToRGB_P3AC4R)->Name("nmqiYUV422ToRGB_8u_P3AC4R")->Unit(benchmark::kMillisecond);
+BENCHMARK(YUVToRGB_AC4R)->Name("nmqiYUVToRGB_8u_AC4R")->Unit(benchmark::kMillisecond);
+BENCHMARK(RGBToYUV_AC4R)->Name("nmqiRGBToYUV_8u_AC4R")->Unit(benchmark::kMillisecond);

@@ -21,8 +21,9 @@ NmqStatus rgb_to_420(In in, Nmq8u* const pDst[3], const int dstStep[3], ImageSiz
 // 4:2:0 planes to RGB rows made by out(y), two rows at a time.
 template <class D, class Out>
 NmqStatus yuv420_to(const Nmq8u* const pSrc[3], const int srcStep[3], Out out, ImageSize roi) {
-    const Row42xInv rows = pick(
-        Kernels<Row42xInv>{yuv42x_to_rgb_rows<D, 2>, yuv42x_to_rgb_rows_sse2<D, 2>, yuv42x_to_rgb_avx2_form<D, 2>()});
+    const Row42xInv rows =
+        pick(Kernels<Row42xInv>{yuv42x_to_rgb_rows<D, 2>, yuv42x_to_rgb_rows_sse2<D, 2>, yuv42x_to_rgb_avx2_form<D, 2>(),
+                                nullptr, nullptr, yuv42x_to_rgb_avx512_form<D, 2>()});
     const ptrdiff_t n = roi.width & ~1;
     for_row_pairs(roi.height, [&](int y) { rows(in_yuv(pSrc, srcStep, y, y / 2, true), out(y), out(y + 1), n, 0); });
     return ok_or_odd(odd(roi));

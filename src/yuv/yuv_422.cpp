@@ -19,8 +19,9 @@ void rgb_to_planes(In in, Nmq8u* const pDst[3], const int dstStep[3], ptrdiff_t 
 // 4:2:2 planes to RGB rows made by out(y).
 template <class D, class Out>
 void planes_to_rgb(const Nmq8u* const pSrc[3], const int srcStep[3], Out out, ImageSize roi) {
-    const Row42xInv rows = pick(
-        Kernels<Row42xInv>{yuv42x_to_rgb_rows<D, 1>, yuv42x_to_rgb_rows_sse2<D, 1>, yuv42x_to_rgb_avx2_form<D, 1>()});
+    const Row42xInv rows =
+        pick(Kernels<Row42xInv>{yuv42x_to_rgb_rows<D, 1>, yuv42x_to_rgb_rows_sse2<D, 1>, yuv42x_to_rgb_avx2_form<D, 1>(),
+                                nullptr, nullptr, yuv42x_to_rgb_avx512_form<D, 1>()});
     for_rows(roi.height, [&](int y) {
         const RowOut d = out(y);
         rows(in_yuv(pSrc, srcStep, y, y, false), d, d, roi.width, 0);

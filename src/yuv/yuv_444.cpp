@@ -12,10 +12,16 @@ using namespace nmq::yuv;
 namespace {
 
 template <class S, class D, Fwd F>
-Row444 fwd() { return pick<Row444>(rgb_to_yuv_row<S, D, F>, rgb_to_yuv_row_sse2<S, D, F>); }
+Row444 fwd() {
+    return pick(Kernels<Row444>{rgb_to_yuv_row<S, D, F>, rgb_to_yuv_row_sse2<S, D, F>, nullptr, nullptr, nullptr,
+                                rgb_to_yuv_avx512_form<S, D, F>()});
+}
 
 template <class S, class D, Inv F>
-Row444 inv() { return pick<Row444>(yuv_to_rgb_row<S, D, F>, yuv_to_rgb_row_sse2<S, D, F>); }
+Row444 inv() {
+    return pick(Kernels<Row444>{yuv_to_rgb_row<S, D, F>, yuv_to_rgb_row_sse2<S, D, F>, nullptr, nullptr, nullptr,
+                                yuv_to_rgb_avx512_form<S, D, F>()});
+}
 
 }  // namespace
 

@@ -378,4 +378,38 @@ constexpr Row42xInv yuv42x_to_rgb_avx2_form() {
         return nullptr;
 }
 
+// ---- AVX-512 forms (yuv_kernels_avx512.cpp): four-byte outputs whose fourth
+// byte is kept, stored through byte masks ---------------------------------------
+
+template <class S, class D, Fwd F>
+void rgb_to_yuv_row_avx512(const RowIn& s, const RowOut& d, ptrdiff_t n, ptrdiff_t from);
+template <class S, class D, Inv F>
+void yuv_to_rgb_row_avx512(const RowIn& s, const RowOut& d, ptrdiff_t n, ptrdiff_t from);
+template <class D, int Rows>
+void yuv42x_to_rgb_rows_avx512(const RowIn& s, const RowOut& d0, const RowOut& d1, ptrdiff_t n, ptrdiff_t from);
+
+// The AVX-512 form of a layout, or null where there is none (every output but
+// RGBA with its fourth byte kept).
+template <class S, class D, Fwd F>
+constexpr Row444 rgb_to_yuv_avx512_form() {
+    if constexpr (std::is_same_v<S, RGBA> && std::is_same_v<D, RGBA> && F == Fwd::PerPixel)
+        return rgb_to_yuv_row_avx512<S, D, F>;
+    else
+        return nullptr;
+}
+template <class S, class D, Inv F>
+constexpr Row444 yuv_to_rgb_avx512_form() {
+    if constexpr (std::is_same_v<S, RGBA> && std::is_same_v<D, RGBA> && F == Inv::TruncG)
+        return yuv_to_rgb_row_avx512<S, D, F>;
+    else
+        return nullptr;
+}
+template <class D, int Rows>
+constexpr Row42xInv yuv42x_to_rgb_avx512_form() {
+    if constexpr (std::is_same_v<D, RGBA>)
+        return yuv42x_to_rgb_rows_avx512<D, Rows>;
+    else
+        return nullptr;
+}
+
 }  // namespace nmq::yuv
