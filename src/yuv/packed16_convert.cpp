@@ -38,12 +38,12 @@ struct Chunk {
     yuv::RowOut row_out() { return {{r, g, b, nullptr}, 0}; }
 };
 
-// Calls f(x, n) over a row of w pixels in chunks starting at multiples of
-// kChunk. A single pixel left after a chunk joins it, so that the lone last
-// pixel of an odd packed 4:2:2 row sees the pair before it.
+// Calls f(x, n) over pixels x0..w-1 of a row in chunks of kChunk. A single
+// pixel left after a chunk joins it, so that the lone last pixel of an odd
+// packed 4:2:2 row sees the pair before it.
 template <class F>
-void chunks(int w, F&& f) {
-    for (int x = 0; x < w;) {
+void chunks(int w, F&& f, int x0 = 0) {
+    for (int x = x0; x < w;) {
         const int n = w - x > kChunk + 1 ? kChunk : w - x;
         f(x, n);
         x += n;
@@ -69,20 +69,27 @@ void each_row(Nmq16u* dst, int dstStep, ImageSize roi, bool bgr, Colour&& colour
 }
 
 // 4:2:0: row pairs over the even part of the ROI; colour(y, x, n, top, bottom).
-template <Pk P, Dz D, class Colour>
-NmqStatus each_pair(Nmq16u* dst, int dstStep, ImageSize roi, bool bgr, Colour&& colour) {
+// lead(y, w, top, bottom), when there is one, writes the words of a leading
+// part of the pair itself and returns the first column it left.
+template <Pk P, Dz D, class Colour, class Lead>
+NmqStatus each_pair(Nmq16u* dst, int dstStep, ImageSize roi, bool bgr, Colour&& colour, Lead&& lead) {
     const p16::PackFn pack = packer<P, D>();
     Chunk c0, c1;
+    const int w = roi.width & ~1;
     for_row_pairs(roi.height, [&](int y) {
         uint16_t* o0 = row_elems(dst, dstStep, y);
         uint16_t* o1 = row_elems(dst, dstStep, y + 1);
-        chunks(roi.width & ~1, [&](int x, int n) {
+        chunks(w, [&](int x, int n) {
             colour(y, x, n, c0, c1);
             pack(c0.in(), o0 + x, n, x, y, bgr);
             pack(c1.in(), o1 + x, n, x, y + 1, bgr);
-        });
+        }, lead(y, w, o0, o1));
     });
     return ok_or_odd(odd(roi));
+}
+template <Pk P, Dz D, class Colour>
+NmqStatus each_pair(Nmq16u* dst, int dstStep, ImageSize roi, bool bgr, Colour&& colour) {
+    return each_pair<P, D>(dst, dstStep, roi, bgr, colour, [](int, int, uint16_t*, uint16_t*) { return 0; });
 }
 
 bool null3(const Nmq8u* const p[3]) { return any_null(p[0], p[1], p[2]); }
@@ -170,12 +177,18 @@ NmqStatus ycc420_p3(const Nmq8u* const src[3], const int srcStep[3], Nmq16u* dst
     if (bad_size(roi)) return nmqStsSize;
     if (null3(src)) return nmqStsNullPtr;
     const ycc::Inv420Fn inv = pick<ycc::Inv420Fn>(ycc::inv420_rows<ycc::Inv601Sub>, s2::inv420<ycc::Inv601Sub, false, 1>);
+    // At AVX2 the fused kernel forms the words of whole 32-pixel blocks; the
+    // chunks below finish each pair.
+    const p16::Pack420Fn fused = pick(Kernels<p16::Pack420Fn>{nullptr, nullptr, p16::avx2::ycc420_blocks<P, D>});
     const ycc::Y420In view = ycc::y420_planes_in(src, srcStep, false);
-    return each_pair<P, D>(dst, dstStep, roi, bgr, [&](int y, int x, int n, Chunk& c0, Chunk& c1) {
-        const ycc::Ycc420In r = view(y / 2);
-        const ptrdiff_t cx = ptrdiff_t(x / 2) * r.cs;
-        inv(ycc::Ycc420In{r.y0 + x, r.y1 + x, r.cb + cx, r.cr + cx, r.cs}, c0.out(), c1.out(), 0, n);
-    });
+    return each_pair<P, D>(
+        dst, dstStep, roi, bgr,
+        [&](int y, int x, int n, Chunk& c0, Chunk& c1) {
+            const ycc::Ycc420In r = view(y / 2);
+            const ptrdiff_t cx = ptrdiff_t(x / 2) * r.cs;
+            inv(ycc::Ycc420In{r.y0 + x, r.y1 + x, r.cb + cx, r.cr + cx, r.cs}, c0.out(), c1.out(), 0, n);
+        },
+        [&](int y, int w, uint16_t* o0, uint16_t* o1) { return fused ? fused(view(y / 2), o0, o1, 0, w, y, bgr) : 0; });
 }
 
 template <Pk P, Dz D>

@@ -122,6 +122,19 @@ using PackFn = void (*)(const RgbIn&, uint16_t*, int, int, int, bool);
 template <Pk P, Dz D, int SS>
 void pack_row_sse2(const RgbIn& in, uint16_t* dst, int n, int x0, int y, bool bgr);
 
+// ---- YCbCr 4:2:0, fused (AVX2) ----------------------------------------------------
+
+namespace avx2 {
+// Words of rows y and y + 1 (ROI rows) from 4:2:0 planes (in.cs 1): blocks
+// of 32 pixels from column x0 (even) while they lie inside w; returns the
+// first column left, x0 when the input is not planar. The bytes of
+// inv420_rows<Inv601Sub> packed by pack_row<P, D>. Built for AVX2
+// (packed16_avx2.cpp).
+template <Pk P, Dz D>
+int ycc420_blocks(const ycc::Ycc420In& in, uint16_t* o0, uint16_t* o1, int x0, int w, int y, bool bgr);
+}  // namespace avx2
+using Pack420Fn = int (*)(const ycc::Ycc420In&, uint16_t*, uint16_t*, int, int, int, bool);
+
 // ---- widening ----------------------------------------------------------------
 
 // A 565 word back to bytes: the lowest field to byte 0, green to byte 1, the
