@@ -48,3 +48,17 @@ void inv422p(const Ycc422In& in, const RgbOut& o, int x0, int w) {
 }
 
 }  // namespace nmq::ycc::avx2
+
+namespace nmq::ycc::avx512 {
+
+// 4:2:0 to RGB for the BT.601 inverse in blocks of 64 pixels
+// (ycbcr_kernels_avx512.cpp); the AVX2 kernel finishes the row.
+template <class I, bool Bgr, int DS>
+int inv420_blocks(const Ycc420In& in, const RgbOut& o0, const RgbOut& o1, int x0, int w);
+
+template <class I, bool Bgr, int DS>
+void inv420(const Ycc420In& in, const RgbOut& o0, const RgbOut& o1, int x0, int w) {
+    avx2::inv420<I, Bgr, DS>(in, o0, o1, inv420_blocks<I, Bgr, DS>(in, o0, o1, x0, w), w);
+}
+
+}  // namespace nmq::ycc::avx512

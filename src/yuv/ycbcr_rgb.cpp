@@ -29,7 +29,9 @@ Inv422Fn inv422k() {
 }
 template <bool Bgr, int DS>
 Inv420Fn inv420k() {
-    return pick(Kernels<Inv420Fn>{inv420_rows<Inv601Sub>, s2::inv420<Inv601Sub, Bgr, DS>, a2::inv420<Inv601Sub, Bgr, DS>});
+    Kernels<Inv420Fn> k{inv420_rows<Inv601Sub>, s2::inv420<Inv601Sub, Bgr, DS>, a2::inv420<Inv601Sub, Bgr, DS>};
+    k.avx512 = avx512::inv420<Inv601Sub, Bgr, DS>;
+    return pick(k);
 }
 template <int SS, bool Bgr, int DS>
 Inv444Fn inv444k() { return pick<Inv444Fn>(inv444_row<Inv601Full>, s2::inv444<Inv601Full, SS, Bgr, DS>); }
