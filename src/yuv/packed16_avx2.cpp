@@ -32,43 +32,82 @@ V thresholds(int x0, int y) {
     return _mm256_load_si256(reinterpret_cast<const V*>(t));
 }
 
+// The multipliers of the dither. F is kept opaque to the compiler: left
+// visible, a product by 1036 is turned into a chain of shifts and adds that
+// costs more than the multiply.
+template <int Bits>
+struct Mul {
+    V l, f;
+    Mul() : l(_mm256_set1_epi16(Levels<Bits>::L)), f(_mm256_set1_epi16(int16_t(Levels<Bits>::F))) { __asm__("" : "+x"(f)); }
+};
+
 // Field values of 16 channel values c held as c * 256 (16-bit lanes: the
 // bytes unpacked above a zero byte). The quotient (c * L) >> 8 is the high
 // half of c * 256 * L; the remainder c * 256 - q * F, formed modulo 2^16,
 // lies in 0..4352 as in the SSE2 form.
 template <int Bits, Dz D>
-NMQ_INLINE V field(V c8, V t) {
+NMQ_INLINE V field(V c8, V t, const Mul<Bits>& m) {
     if constexpr (D == Dz::Off) {
         return _mm256_srli_epi16(c8, 16 - Bits);
     } else {
-        using L = Levels<Bits>;
-        const V q = _mm256_mulhi_epu16(c8, _mm256_set1_epi16(L::L));
-        const V rem = _mm256_sub_epi16(c8, _mm256_mullo_epi16(q, _mm256_set1_epi16(int16_t(L::F))));
+        const V q = _mm256_mulhi_epu16(c8, m.l);
+        const V rem = _mm256_sub_epi16(c8, _mm256_mullo_epi16(q, m.f));
         return _mm256_sub_epi16(q, _mm256_cmpgt_epi16(rem, t));  // the mask is -1 where the value rounds up
     }
 }
 
+// Everything one row needs besides its pixels: the multipliers (shared by
+// the rows) and the thresholds of the row (zero and unused without dither).
+template <Pk P>
+struct RowK {
+    using Lo = Layout<P>;
+    const Mul<Lo::outer>& mo;
+    const Mul<Lo::mid>& mm;
+    V to, tm;
+    RowK(const Mul<Lo::outer>& o, const Mul<Lo::mid>& m, int x0, int y, bool dither)
+        : mo(o), mm(m), to(dither ? thresholds<Lo::outer>(x0, y) : _mm256_setzero_si256()),
+          tm(dither ? thresholds<Lo::mid>(x0, y) : _mm256_setzero_si256()) {}
+};
+
 // 16 words from the bytes of R, G, B: unpack picks pixels 0-7 and 16-23
 // (lo) or 8-15 and 24-31 (hi).
-template <Pk P, Dz D, bool High>
-NMQ_INLINE V words16(V R, V G, V B, V to, V tm, bool bgr) {
+template <Pk P, Dz D, bool Bgr, bool High>
+NMQ_INLINE V words16(V R, V G, V B, const RowK<P>& k) {
     using Lo = Layout<P>;
     const V z = _mm256_setzero_si256();
     const auto up = [&](V v) { return High ? _mm256_unpackhi_epi8(z, v) : _mm256_unpacklo_epi8(z, v); };
-    const V r = field<Lo::outer, D>(up(R), to), g = field<Lo::mid, D>(up(G), tm), b = field<Lo::outer, D>(up(B), to);
-    const V lo = bgr ? b : r, hi = bgr ? r : b;
+    const V lo = field<Lo::outer, D>(up(Bgr ? B : R), k.to, k.mo);
+    const V g = field<Lo::mid, D>(up(G), k.tm, k.mm);
+    const V hi = field<Lo::outer, D>(up(Bgr ? R : B), k.to, k.mo);
     return _mm256_or_si256(_mm256_or_si256(lo, _mm256_slli_epi16(g, Lo::mid_shift)), _mm256_slli_epi16(hi, Lo::high_shift));
 }
 
 // 32 words of one row; the two halves of words16 are put back in pixel
 // order to store.
-template <Pk P, Dz D, class S>
-NMQ_INLINE void row32(const uint8_t* y, uint16_t* o, const typename S::Terms& lo, const typename S::Terms& hi, V to, V tm, bool bgr) {
+template <Pk P, Dz D, bool Bgr, class S>
+NMQ_INLINE void row32(const uint8_t* y, uint16_t* o, const typename S::Terms& lo, const typename S::Terms& hi, const RowK<P>& k) {
     V R, G, B;
     S::rgb(_mm256_loadu_si256(reinterpret_cast<const V*>(y)), lo, hi, R, G, B);
-    const V a = words16<P, D, false>(R, G, B, to, tm, bgr), b = words16<P, D, true>(R, G, B, to, tm, bgr);
+    const V a = words16<P, D, Bgr, false>(R, G, B, k), b = words16<P, D, Bgr, true>(R, G, B, k);
     _mm256_storeu_si256(reinterpret_cast<V*>(o), _mm256_permute2x128_si256(a, b, 0x20));
     _mm256_storeu_si256(reinterpret_cast<V*>(o + 16), _mm256_permute2x128_si256(a, b, 0x31));
+}
+
+template <Pk P, Dz D, bool Bgr>
+int blocks(const ycc::Ycc420In& in, uint16_t* o0, uint16_t* o1, int x0, int w, int y) {
+    using S = ycc::avx2::SplitX<ycc::avx2::Ops256, ycc::Inv601Sub>::type;
+    const Mul<Layout<P>::outer> mo;
+    const Mul<Layout<P>::mid> mm;
+    const RowK<P> k0(mo, mm, x0, y, D == Dz::Ordered), k1(mo, mm, x0, y + 1, D == Dz::Ordered);
+    ptrdiff_t x = x0;
+    for (; x + 32 <= w; x += 32) {
+        const V cb = _mm256_cvtepu8_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(in.cb + x / 2)));
+        const V cr = _mm256_cvtepu8_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(in.cr + x / 2)));
+        const typename S::Terms c = S::terms(cb, cr), lo = S::dup(c, false), hi = S::dup(c, true);
+        row32<P, D, Bgr, S>(in.y0 + x, o0 + x, lo, hi, k0);
+        row32<P, D, Bgr, S>(in.y1 + x, o1 + x, lo, hi, k1);
+    }
+    return int(x);
 }
 
 #undef NMQ_INLINE
@@ -77,25 +116,8 @@ NMQ_INLINE void row32(const uint8_t* y, uint16_t* o, const typename S::Terms& lo
 
 template <Pk P, Dz D>
 int ycc420_blocks(const ycc::Ycc420In& in, uint16_t* o0, uint16_t* o1, int x0, int w, int y, bool bgr) {
-    using S = ycc::avx2::SplitX<ycc::avx2::Ops256, ycc::Inv601Sub>::type;
-    using Lo = Layout<P>;
     if (in.cs != 1) return x0;  // chroma planes only
-    V to0 = _mm256_setzero_si256(), tm0 = to0, to1 = to0, tm1 = to0;
-    if constexpr (D == Dz::Ordered) {
-        to0 = thresholds<Lo::outer>(x0, y);
-        tm0 = thresholds<Lo::mid>(x0, y);
-        to1 = thresholds<Lo::outer>(x0, y + 1);
-        tm1 = thresholds<Lo::mid>(x0, y + 1);
-    }
-    ptrdiff_t x = x0;
-    for (; x + 32 <= w; x += 32) {
-        const V cb = _mm256_cvtepu8_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(in.cb + x / 2)));
-        const V cr = _mm256_cvtepu8_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(in.cr + x / 2)));
-        const typename S::Terms c = S::terms(cb, cr), lo = S::dup(c, false), hi = S::dup(c, true);
-        row32<P, D, S>(in.y0 + x, o0 + x, lo, hi, to0, tm0, bgr);
-        row32<P, D, S>(in.y1 + x, o1 + x, lo, hi, to1, tm1, bgr);
-    }
-    return int(x);
+    return bgr ? blocks<P, D, true>(in, o0, o1, x0, w, y) : blocks<P, D, false>(in, o0, o1, x0, w, y);
 }
 
 #define NMQ_P16_420(P)                                                                                        \
