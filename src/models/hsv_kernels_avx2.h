@@ -1,7 +1,8 @@
-// AVX2 row kernels of the 8u HSV and HLS conversions between three-byte pixels
-// (hsv_kernels_avx2.cpp), and the choice of kernel per instruction-set level.
-// Only declarations here: the AVX2 file must not compile the SSE2 or scalar
-// kernels itself, or a copy built for AVX2 could stand in for them.
+// AVX2 and AVX-512 row kernels of the 8u HSV and HLS conversions between
+// three-byte pixels (hsv_kernels_avx2.cpp, hsv_kernels_avx512.cpp), and the
+// choice of kernel per instruction-set level. Only declarations here: those
+// files must not compile the SSE2 or scalar kernels themselves, or a copy
+// built for a newer instruction set could stand in for them.
 #pragma once
 
 #include <cstddef>
@@ -23,7 +24,10 @@ template <class S, class D> void innerHSVToRGB_8u_avx2(const SrcRow& s, const Ds
 template <class S, class D> void innerRGBToHLS_8u_avx2(const SrcRow& s, const DstRow& d, int width);
 template <class S, class D> void innerHLSToRGB_8u_avx2(const SrcRow& s, const DstRow& d, int width);
 
-// AVX2 forms exist for RGB (or HSV, HLS) pixel order to pixel order.
+template <class S, class D> void innerRGBToHSV_8u_avx512(const SrcRow& s, const DstRow& d, int width);
+template <class S, class D> void innerHSVToRGB_8u_avx512(const SrcRow& s, const DstRow& d, int width);
+
+// AVX2 and AVX-512 forms exist for RGB (or HSV, HLS) pixel order to pixel order.
 template <class S, class D>
 inline constexpr bool kHasAvx2 = std::is_same_v<S, Rgb3> && std::is_same_v<D, Rgb3>;
 

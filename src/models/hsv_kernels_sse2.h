@@ -170,12 +170,14 @@ void innerHLSToRGB_8u_sse2(const SrcRow& s, const DstRow& d, int width) {
 template <class S, class D>
 inline Row8 rgb_to_hsv_8u_row() {
     return nmq::pick(Kernels<Row8>{innerRGBToHSV_8u<S, D>, innerRGBToHSV_8u_sse2<S, D>,
-                                   hsv_avx2<S, D>(innerRGBToHSV_8u_avx2<Rgb3, Rgb3>)});
+                                   hsv_avx2<S, D>(innerRGBToHSV_8u_avx2<Rgb3, Rgb3>), nullptr, nullptr,
+                                   hsv_avx2<S, D>(innerRGBToHSV_8u_avx512<Rgb3, Rgb3>)});
 }
 template <class S, class D>
 inline Row8 hsv_to_rgb_8u_row() {
     return nmq::pick(Kernels<Row8>{innerHSVToRGB_8u<S, D>, innerHSVToRGB_8u_sse2<S, D>,
-                                   hsv_avx2<S, D>(innerHSVToRGB_8u_avx2<Rgb3, Rgb3>)});
+                                   hsv_avx2<S, D>(innerHSVToRGB_8u_avx2<Rgb3, Rgb3>), nullptr, nullptr,
+                                   hsv_avx2<S, D>(innerHSVToRGB_8u_avx512<Rgb3, Rgb3>)});
 }
 template <class S, class D>
 inline Row8 rgb_to_hls_8u_row() {
