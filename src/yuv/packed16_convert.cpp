@@ -5,7 +5,9 @@
 // An output driver checks its arguments, then walks the ROI in chunks of a
 // row (two rows for 4:2:0): the YUV or YCbCr family's own row kernel turns
 // the chunk into 8-bit R, G, B planes on the stack, exactly the bytes of the
-// matching 8-bit conversion, and a packing kernel reduces them to words.
+// matching 8-bit conversion, and a packing kernel reduces them to words. At
+// AVX2 the YCbCr 4:2:0 outputs form the words of whole 32-pixel blocks in
+// registers first (packed16_avx2.cpp); the chunks finish the row pair.
 #include "nmqcc.h"
 #include "yuv/packed16_kernels.h"
 #include "yuv/ycbcr_drivers.h"

@@ -3,7 +3,8 @@
 // to bytes, and the full-sampled YCbCr dither kernel with its own 4-bit
 // fractional arithmetic. The colour arithmetic of the other outputs is the
 // YUV and YCbCr families' own (yuv_kernels.h, ycbcr_kernels.h); these kernels
-// only take its 8-bit R, G, B and pack them.
+// only take its 8-bit R, G, B and pack them (the AVX2 4:2:0 kernel runs the
+// YCbCr inverse itself, in registers, to the same bytes).
 //
 // The scalar kernels define the bits; packed16_sse2.cpp gives the same words.
 #pragma once
