@@ -131,15 +131,19 @@ std::vector<Case> cases(Frames& F) {
     auto cvt = [](const cv::Mat& s, cv::Mat d, int code) { return [s, d, code]() mutable { cv::cvtColor(s, d, code); }; };
 #endif
 #ifdef NMQ_PEER_SWSCALE
-    SwsContext* sws = sws_getContext(w, h, AV_PIX_FMT_YUV420P, w, h, AV_PIX_FMT_RGB24, SWS_BILINEAR, nullptr, nullptr,
-                                     nullptr);
-    auto sws_run = [sws, &F, w, cw, h]() {
-        const uint8_t* s[3] = {F.y(), F.u(), F.v()};
-        const int ss[3] = {w, cw, cw};
-        uint8_t* d[1] = {F.rgb_b.p};
-        const int ds[1] = {3 * w};
-        sws_scale(sws, s, ss, 0, h, d, ds);
+    // One context per output format, kept for the life of the process (the
+    // cases are timed until it exits).
+    const auto sws_to = [&F, w, cw, h](AVPixelFormat fmt, uint8_t* dst, int bpp) {
+        SwsContext* sws = sws_getContext(w, h, AV_PIX_FMT_YUV420P, w, h, fmt, SWS_BILINEAR, nullptr, nullptr, nullptr);
+        return [sws, &F, w, cw, h, dst, bpp]() {
+            const uint8_t* s[3] = {F.y(), F.u(), F.v()};
+            const int ss[3] = {w, cw, cw};
+            uint8_t* d[1] = {dst};
+            const int ds[1] = {bpp * w};
+            sws_scale(sws, s, ss, 0, h, d, ds);
+        };
     };
+    const auto sws_run = sws_to(AV_PIX_FMT_RGB24, F.rgb_b.p, 3);
 #endif
 
     // 4:2:0 planar to RGB24 (RGB byte order).
@@ -171,6 +175,9 @@ std::vector<Case> cases(Frames& F) {
 #endif
 #ifdef NMQ_PEER_OPENCV
     out.back().peers.push_back({"opencv", "COLOR_YUV2RGBA_I420", cvt(cv_i420, cv_rgba_out, cv::COLOR_YUV2RGBA_I420)});
+#endif
+#ifdef NMQ_PEER_SWSCALE
+    out.back().peers.push_back({"swscale", "yuv420p->rgba", sws_to(AV_PIX_FMT_RGBA, F.rgba.p, 4)});
 #endif
     out.push_back({"nmqiYCbCr420ToBGR_8u_P3C4R", 5.5,
                    [&F, roi, w]() { nmqiYCbCr420ToBGR_8u_P3C4R(src3, s3, F.rgba.p, 4 * w, roi); }, {}});
