@@ -11,8 +11,9 @@ namespace {
 // RGB rows made by in(y) to 4:2:0 planes, two rows at a time.
 template <class S, class In>
 NmqStatus rgb_to_420(In in, Nmq8u* const pDst[3], const int dstStep[3], ImageSize roi) {
-    const Row420Fwd rows =
-        pick(Kernels<Row420Fwd>{rgb_to_yuv420_rows<S>, rgb_to_yuv420_rows_sse2<S>, rgb_to_yuv420_avx2_form<S>()});
+    const Row420Fwd rows = pick(Kernels<Row420Fwd>{rgb_to_yuv420_rows<S>, rgb_to_yuv420_rows_sse2<S>,
+                                                   rgb_to_yuv420_avx2_form<S>(), nullptr, nullptr,
+                                                   rgb_to_yuv420_avx512_form<S>()});
     const ptrdiff_t n = roi.width & ~1;
     for_row_pairs(roi.height, [&](int y) { rows(in(y), in(y + 1), out_yuv(pDst, dstStep, y, y / 2, true), n, 0); });
     return ok_or_odd(odd(roi));

@@ -404,6 +404,16 @@ constexpr Row444 yuv_to_rgb_avx512_form() {
     else
         return nullptr;
 }
+// RGB24 to 4:2:0 (yuv_fwd_avx512.cpp): 64 pixels of a row pair per step.
+template <class S>
+void rgb_to_yuv420_rows_avx512(const RowIn& s0, const RowIn& s1, const RowOut& d, ptrdiff_t n, ptrdiff_t from);
+template <class S>
+constexpr Row420Fwd rgb_to_yuv420_avx512_form() {
+    if constexpr (std::is_same_v<S, RGB3>)
+        return rgb_to_yuv420_rows_avx512<S>;
+    else
+        return nullptr;
+}
 template <class D, int Rows>
 constexpr Row42xInv yuv42x_to_rgb_avx512_form() {
     if constexpr (std::is_same_v<D, RGBA>)
