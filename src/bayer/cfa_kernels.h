@@ -97,4 +97,10 @@ void ownBayerInteriorRow_avx2(const uint8_t* a, const uint8_t* c, const uint8_t*
 void ownBayerInteriorRow_avx2(const uint16_t* a, const uint16_t* c, const uint16_t* b, uint16_t* d, int n,
                               bool red_row, bool green_first);
 
+// AVX-512 (F, BW, VL) interior kernels: the same bytes again.
+void ownBayerInteriorRow_avx512(const uint8_t* a, const uint8_t* c, const uint8_t* b, uint8_t* d, int n, bool red_row,
+                                bool green_first);
+void ownBayerInteriorRow_avx512(const uint16_t* a, const uint16_t* c, const uint16_t* b, uint16_t* d, int n,
+                                bool red_row, bool green_first);
+
 }  // namespace nmq::cfa

@@ -71,14 +71,16 @@ using namespace nmq::cfa;
 
 NMQ_EXPORT NmqStatus nmqiCFAToRGB_8u_C1C3R(const Nmq8u* pSrc, ImageRect srcRoi, ImageSize srcSize, int srcStep,
                                            Nmq8u* pDst, int dstStep, int grid) {
-    const auto row = nmq::pick(nmq::Kernels<InteriorRowFn<uint8_t>>{ownBayerInteriorRow<uint8_t>, ownBayerInteriorRow_sse2,
-                                                                   ownBayerInteriorRow_avx2});
+    nmq::Kernels<InteriorRowFn<uint8_t>> k{ownBayerInteriorRow<uint8_t>, ownBayerInteriorRow_sse2, ownBayerInteriorRow_avx2};
+    k.avx512 = ownBayerInteriorRow_avx512;
+    const auto row = nmq::pick(k);
     return cfa_to_rgb(pSrc, srcRoi, srcSize, srcStep, pDst, dstStep, grid, row);
 }
 
 NMQ_EXPORT NmqStatus nmqiCFAToRGB_16u_C1C3R(const Nmq16u* pSrc, ImageRect srcRoi, ImageSize srcSize, int srcStep,
                                             Nmq16u* pDst, int dstStep, int grid) {
-    const auto row = nmq::pick(nmq::Kernels<InteriorRowFn<uint16_t>>{ownBayerInteriorRow<uint16_t>, ownBayerInteriorRow_sse2,
-                                                                   ownBayerInteriorRow_avx2});
+    nmq::Kernels<InteriorRowFn<uint16_t>> k{ownBayerInteriorRow<uint16_t>, ownBayerInteriorRow_sse2, ownBayerInteriorRow_avx2};
+    k.avx512 = ownBayerInteriorRow_avx512;
+    const auto row = nmq::pick(k);
     return cfa_to_rgb(pSrc, srcRoi, srcSize, srcStep, pDst, dstStep, grid, row);
 }
