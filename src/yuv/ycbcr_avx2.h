@@ -51,14 +51,22 @@ void inv422p(const Ycc422In& in, const RgbOut& o, int x0, int w) {
 
 namespace nmq::ycc::avx512 {
 
-// 4:2:0 to RGB for the BT.601 inverse in blocks of 64 pixels
-// (ycbcr_kernels_avx512.cpp); the AVX2 kernel finishes the row.
+// The BT.601 inverse from 4:2:0 and packed 4:2:2 to three- and four-byte
+// pixels (ycbcr_kernels_avx512.cpp). The blocks return the first pixel they
+// left: none for 4:2:0 (the last block is masked), the lone last pixel of an
+// odd 4:2:2 row, which the lower-level kernel finishes by its own rule.
 template <class I, bool Bgr, int DS>
 int inv420_blocks(const Ycc420In& in, const RgbOut& o0, const RgbOut& o1, int x0, int w);
+template <class I, Order O, bool Bgr, int DS>
+int inv422_blocks(const Ycc422In& in, const RgbOut& o, int x0, int w);
 
 template <class I, bool Bgr, int DS>
 void inv420(const Ycc420In& in, const RgbOut& o0, const RgbOut& o1, int x0, int w) {
     avx2::inv420<I, Bgr, DS>(in, o0, o1, inv420_blocks<I, Bgr, DS>(in, o0, o1, x0, w), w);
+}
+template <class I, Order O, bool Bgr, int DS>
+void inv422(const Ycc422In& in, const RgbOut& o, int x0, int w) {
+    avx2::inv422<I, O, Bgr, DS>(in, o, inv422_blocks<I, O, Bgr, DS>(in, o, x0, w), w);
 }
 
 }  // namespace nmq::ycc::avx512

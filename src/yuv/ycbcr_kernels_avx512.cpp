@@ -1,65 +1,251 @@
-// AVX-512 blocks of the BT.601 4:2:0 inverse: 64 pixels of each of the two
-// rows per step, the split arithmetic of ycbcr_avx2_split.h on 512-bit
-// vectors (each 128-bit lane runs what a 16-pixel SSE2 block runs), stored
-// through the AVX2 shuffles in two halves of 32 pixels. Nothing here calls
-// the inline kernels of the headers (see ycbcr_avx2.h).
-#include <immintrin.h>
-
-// GCC 12 reports the deliberately undefined pass-through operand inside its
-// own AVX-512 intrinsics as maybe uninitialized; nothing here reads it.
+// AVX-512 (F, BW, VL) blocks of the BT.601 inverse on the hot paths: 4:2:0
+// (three planes or an interleaved chroma plane) and packed 4:2:2 to three- and
+// four-byte pixels, 64 pixels of a row per step.
+//
+// The AVX2 kernels spend most of their time in the shuffle unit: spreading
+// each chroma term over its two pixels, widening luma and (de)interleaving
+// the pixels. Here a 16-bit lane holds a pair of pixels instead: Y & 0xFF and
+// Y >> 8 of the luma words are the even and the odd pixel, and both share the
+// chroma sample of that lane, so the terms need no spreading. The lanes hold
+// the pairs "transposed" (128-bit lane k, dword j: pixels 16j+4k..16j+4k+3),
+// which is the order the in-lane interleave of even and odd pixels into
+// four-byte pixels consumes: luma and chroma get one dword permute each, and
+// the pixels come out contiguous.
+//
+// The arithmetic is that of InvSplit601x (ycbcr_avx2_split.h): the luma part
+// Y + hi(10748*Y) plus the chroma part h, plus the carry of the low halves.
+// The clamp to 0..255 rides on saturation: h is biased by 32767 - 255, the sum
+// saturates at 32767 and an unsigned saturating subtraction of the bias drops
+// everything below zero to 0.
+//
+// Each formula here is the same in every column, so a row ends with one more
+// block through masked loads and stores: no byte past the row is accessed.
+// Only the lone last pixel of an odd packed 4:2:2 row (its own rule) is left
+// to the caller. Nothing here calls the inline kernels of the headers (see
+// ycbcr_avx2.h).
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wuninitialized"
 #pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#include <immintrin.h>
+#pragma GCC diagnostic pop
+// GCC 12 reports the deliberately undefined pass-through operand of its own
+// AVX-512 intrinsics at every inlined call as well.
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#else
+#include <immintrin.h>
+#endif
+
+#include <utility>
 
 #include "yuv/ycbcr_avx2.h"
-#include "yuv/ycbcr_avx2_io.h"
 #include "yuv/ycbcr_avx2_split.h"
 
 namespace nmq::ycc::avx512 {
+namespace {
 
 using avx2::Ops512;
 using Z = __m512i;
+using M = __mmask64;
 
-namespace {
+constexpr ptrdiff_t kZ = 64;          // pixels per block
+constexpr int kBias = 32767 - 255;    // saturates a sum at 255 above the clamp
 
-inline Z ld64(const uint8_t* p) { return _mm512_loadu_si512(p); }
+inline Z ld(const uint8_t* p) { return _mm512_loadu_si512(p); }
+inline Z c16(int v) { return _mm512_set1_epi16(short(v)); }
+
+// The first k bits (k may be below 0 or above 64).
+inline M first(ptrdiff_t k) { return k <= 0 ? M(0) : k >= 64 ? ~M(0) : (M(1) << k) - 1; }
+
+// Lane k, dword j <- dword 4j + k: contiguous dwords to the transposed order.
+inline Z transpose_dwords(Z x) {
+    return _mm512_permutexvar_epi32(_mm512_setr_epi32(0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15), x);
+}
+
+// Chroma terms of 32 samples in 16-bit lanes: h biased for the clamp, t
+// flipped for an unsigned comparison with the plain low half of the luma part.
+template <class I>
+struct Chroma {
+    Z h[3], t[3];
+    Chroma(Z cb, Z cr) {
+        using S = typename avx2::SplitX<Ops512, I>::type;
+        const typename S::Terms c = S::terms(cb, cr);
+        for (int i = 0; i < 3; ++i) {
+            h[i] = _mm512_add_epi16(c.h[i], c16(kBias));
+            t[i] = _mm512_xor_si512(c.t[i], c16(-32768));
+        }
+    }
+};
+
+// Clamped R, G, B (0..255 in 16-bit lanes) of the luma words y (0..255).
+template <class I>
+inline void apply(Z y, const Chroma<I>& c, Z& R, Z& G, Z& B) {
+    const Z w = c16(10748), one = c16(1), bias = c16(kBias);
+    const Z yy = _mm512_add_epi16(y, _mm512_mulhi_epu16(y, w));
+    const Z yl = _mm512_mullo_epi16(y, w);
+    Z o[3];
+    for (int i = 0; i < 3; ++i) {
+        const Z s = _mm512_adds_epi16(yy, c.h[i]);
+        o[i] = _mm512_subs_epu16(_mm512_mask_adds_epi16(s, _mm512_cmpgt_epu16_mask(yl, c.t[i]), s, one), bias);
+    }
+    R = o[0], G = o[1], B = o[2];
+}
+
+// The two words of each pixel: bytes 0-1 and 2-3 (alpha 0xFF, or 0 for
+// three-byte pixels).
+template <bool Bgr, int DS>
+inline void words(Z R, Z G, Z B, Z& lo, Z& hi) {
+    if constexpr (Bgr) std::swap(R, B);
+    lo = _mm512_or_si512(R, _mm512_slli_epi16(G, 8));
+    hi = DS == 4 ? _mm512_or_si512(B, c16(0xFF00)) : B;
+}
+
+// Luma words of the even and odd pixels of 32 transposed pairs to 64
+// contiguous pixels of four bytes, and those to the row: m pixels from p
+// (m = 64 for a whole block).
+template <class I, bool Bgr, int DS, bool Tail>
+inline void pixels(Z ye, Z yo, const Chroma<I>& c, uint8_t* p, ptrdiff_t m) {
+    Z R, G, B, le, he, lo, ho;
+    apply(ye, c, R, G, B);
+    words<Bgr, DS>(R, G, B, le, he);
+    apply(yo, c, R, G, B);
+    words<Bgr, DS>(R, G, B, lo, ho);
+    const Z el = _mm512_unpacklo_epi16(le, he), eh = _mm512_unpackhi_epi16(le, he);
+    const Z ol = _mm512_unpacklo_epi16(lo, ho), oh = _mm512_unpackhi_epi16(lo, ho);
+    const Z px[4] = {_mm512_unpacklo_epi32(el, ol), _mm512_unpackhi_epi32(el, ol), _mm512_unpacklo_epi32(eh, oh),
+                     _mm512_unpackhi_epi32(eh, oh)};
+    if constexpr (DS == 4) {
+        for (int j = 0; j < 4; ++j) {
+            if (Tail) _mm512_mask_storeu_epi8(p + 64 * j, first(4 * (m - 16 * j)), px[j]);
+            else _mm512_storeu_si512(p + 64 * j, px[j]);
+        }
+    } else {
+        // Each lane's four pixels to its first twelve bytes, then the lanes
+        // closed up: output vector r takes dwords 16r..16r+15 of the 48.
+        const Z pack = _mm512_broadcast_i32x4(_mm_setr_epi8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1));
+        Z q[4];
+        for (int j = 0; j < 4; ++j) q[j] = _mm512_shuffle_epi8(px[j], pack);
+        // Dword e (0..11) of a block of 16 pixels sits at 4 * (e / 3) + e % 3.
+        const Z i0 = _mm512_setr_epi32(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, 16, 17, 18, 20);
+        const Z i1 = _mm512_setr_epi32(5, 6, 8, 9, 10, 12, 13, 14, 16, 17, 18, 20, 21, 22, 24, 25);
+        const Z i2 = _mm512_setr_epi32(10, 12, 13, 14, 16, 17, 18, 20, 21, 22, 24, 25, 26, 28, 29, 30);
+        const Z out[3] = {_mm512_permutex2var_epi32(q[0], i0, q[1]), _mm512_permutex2var_epi32(q[1], i1, q[2]),
+                          _mm512_permutex2var_epi32(q[2], i2, q[3])};
+        for (int r = 0; r < 3; ++r) {
+            if (Tail) _mm512_mask_storeu_epi8(p + 64 * r, first(3 * m - 64 * r), out[r]);
+            else _mm512_storeu_si512(p + 64 * r, out[r]);
+        }
+    }
+}
 
 template <bool Bgr, int DS>
-inline void store64(const RgbOut& o, ptrdiff_t x, Z R, Z G, Z B) {
-    avx2::store32<Bgr, DS>(o, x, _mm512_castsi512_si256(R), _mm512_castsi512_si256(G), _mm512_castsi512_si256(B));
-    avx2::store32<Bgr, DS>(o, x + 32, _mm512_extracti64x4_epi64(R, 1), _mm512_extracti64x4_epi64(G, 1),
-                           _mm512_extracti64x4_epi64(B, 1));
+inline uint8_t* start(const RgbOut& o, ptrdiff_t x) { return (Bgr ? o.b : o.r) + x * DS; }
+
+// 64 pixels of both rows from x (m of them in a tail block).
+template <class I, bool Bgr, int DS, bool Tail>
+inline void block420(const Ycc420In& in, const RgbOut& o0, const RgbOut& o1, ptrdiff_t x, ptrdiff_t m) {
+    Z cb, cr;
+    if (in.cs == 2) {  // Cb, Cr pairs: a dword holds the samples of two pairs, as luma does
+        const bool cr_first = in.cr < in.cb;
+        const uint8_t* c = (cr_first ? in.cr : in.cb) + x;
+        const Z v = transpose_dwords(Tail ? _mm512_maskz_loadu_epi8(first(m), c) : ld(c));
+        const Z a = _mm512_and_si512(v, c16(0xFF)), b = _mm512_srli_epi16(v, 8);
+        cb = cr_first ? b : a;
+        cr = cr_first ? a : b;
+    } else {
+        const __mmask32 k = __mmask32(first(m / 2));
+        const auto ld32 = [&](const uint8_t* p) {
+            return Tail ? _mm256_maskz_loadu_epi8(k, p) : _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
+        };
+        cb = transpose_dwords(_mm512_cvtepu8_epi16(ld32(in.cb + x / 2)));
+        cr = transpose_dwords(_mm512_cvtepu8_epi16(ld32(in.cr + x / 2)));
+    }
+    const Chroma<I> c(cb, cr);
+    for (int r = 0; r < 2; ++r) {
+        const uint8_t* yp = (r ? in.y1 : in.y0) + x;
+        const Z y = transpose_dwords(Tail ? _mm512_maskz_loadu_epi8(first(m), yp) : ld(yp));
+        pixels<I, Bgr, DS, Tail>(_mm512_and_si512(y, c16(0xFF)), _mm512_srli_epi16(y, 8), c,
+                                 start<Bgr, DS>(r ? o1 : o0, x), m);
+    }
+}
+
+// Byte positions of Y0, Y1, Cb, Cr inside a packed 4:2:2 pair.
+template <Order O>
+struct PairBytes;
+template <>
+struct PairBytes<Order::YCbCr> {
+    static constexpr int y0 = 0, y1 = 2, cb = 1, cr = 3;
+};
+template <>
+struct PairBytes<Order::YCrCb> {
+    static constexpr int y0 = 0, y1 = 2, cb = 3, cr = 1;
+};
+template <>
+struct PairBytes<Order::CbYCr> {
+    static constexpr int y0 = 1, y1 = 3, cb = 0, cr = 2;
+};
+
+// Per lane of four pairs: the bytes a, then the bytes b, each widened to a word.
+inline Z split_pairs(int a, int b) {
+    return _mm512_broadcast_i32x4(_mm_setr_epi8(char(a), -1, char(a + 4), -1, char(a + 8), -1, char(a + 12), -1, char(b), -1,
+                                                char(b + 4), -1, char(b + 8), -1, char(b + 12), -1));
+}
+
+// 64 pixels of a packed 4:2:2 row from pixel x (m of them in a tail block).
+// Each vector of 16 pairs is permuted so that the in-lane split and the
+// merge of the two vectors give the transposed pair order.
+template <class I, Order O, bool Bgr, int DS, bool Tail>
+inline void block422(const uint8_t* q, const RgbOut& o, ptrdiff_t x, ptrdiff_t m) {
+    using P = PairBytes<O>;
+    const Z order = _mm512_setr_epi32(0, 1, 8, 9, 2, 3, 10, 11, 4, 5, 12, 13, 6, 7, 14, 15);
+    const Z sy = split_pairs(P::y0, P::y1), sc = split_pairs(P::cb, P::cr);
+    Z ys[2], cs[2];
+    for (int h = 0; h < 2; ++h) {
+        const uint8_t* p = q + 2 * x + 64 * h;
+        const Z v = _mm512_permutexvar_epi32(order, Tail ? _mm512_maskz_loadu_epi8(first(2 * m - 64 * h), p) : ld(p));
+        ys[h] = _mm512_shuffle_epi8(v, sy);
+        cs[h] = _mm512_shuffle_epi8(v, sc);
+    }
+    const Chroma<I> c(_mm512_unpacklo_epi64(cs[0], cs[1]), _mm512_unpackhi_epi64(cs[0], cs[1]));
+    pixels<I, Bgr, DS, Tail>(_mm512_unpacklo_epi64(ys[0], ys[1]), _mm512_unpackhi_epi64(ys[0], ys[1]), c,
+                             start<Bgr, DS>(o, x), m);
 }
 
 }  // namespace
 
 template <class I, bool Bgr, int DS>
 int inv420_blocks(const Ycc420In& in, const RgbOut& o0, const RgbOut& o1, int x0, int w) {
-    using S = typename avx2::SplitX<Ops512, I>::type;
-    const bool cr_first = in.cr < in.cb;
     ptrdiff_t x = x0;
-    for (; x + 64 <= w; x += 64) {
-        Z cb, cr;  // 32 samples in 16-bit lanes, in order
-        if (in.cs == 2) {
-            const Z v = ld64((cr_first ? in.cr : in.cb) + x);
-            const Z a = _mm512_and_si512(v, _mm512_set1_epi16(0xFF)), b = _mm512_srli_epi16(v, 8);
-            cb = cr_first ? b : a;
-            cr = cr_first ? a : b;
-        } else {
-            cb = _mm512_cvtepu8_epi16(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(in.cb + x / 2)));
-            cr = _mm512_cvtepu8_epi16(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(in.cr + x / 2)));
-        }
-        const typename S::Terms c = S::terms(cb, cr), lo = S::dup(c, false), hi = S::dup(c, true);
-        Z R, G, B;
-        S::rgb(ld64(in.y0 + x), lo, hi, R, G, B);
-        store64<Bgr, DS>(o0, x, R, G, B);
-        S::rgb(ld64(in.y1 + x), lo, hi, R, G, B);
-        store64<Bgr, DS>(o1, x, R, G, B);
-    }
-    return int(x);
+    for (; x + kZ <= w; x += kZ) block420<I, Bgr, DS, false>(in, o0, o1, x, kZ);
+    if (x < w) block420<I, Bgr, DS, true>(in, o0, o1, x, w - x);
+    return w;
+}
+
+// The pairs of the row; a lone last pixel is left to the caller.
+template <class I, Order O, bool Bgr, int DS>
+int inv422_blocks(const Ycc422In& in, const RgbOut& o, int x0, int w) {
+    const uint8_t* q = in.y - PairBytes<O>::y0;
+    const ptrdiff_t n = w & ~1;
+    ptrdiff_t x = x0;
+    for (; x + kZ <= n; x += kZ) block422<I, O, Bgr, DS, false>(q, o, x, kZ);
+    if (x < n) block422<I, O, Bgr, DS, true>(q, o, x, n - x);
+    return int(n > x0 ? n : x0);
 }
 
 template int inv420_blocks<Inv601Sub, false, 3>(const Ycc420In&, const RgbOut&, const RgbOut&, int, int);
 template int inv420_blocks<Inv601Sub, false, 4>(const Ycc420In&, const RgbOut&, const RgbOut&, int, int);
 template int inv420_blocks<Inv601Sub, true, 3>(const Ycc420In&, const RgbOut&, const RgbOut&, int, int);
 template int inv420_blocks<Inv601Sub, true, 4>(const Ycc420In&, const RgbOut&, const RgbOut&, int, int);
+
+template int inv422_blocks<Inv601Sub, Order::YCbCr, false, 3>(const Ycc422In&, const RgbOut&, int, int);
+template int inv422_blocks<Inv601Sub, Order::YCbCr, false, 4>(const Ycc422In&, const RgbOut&, int, int);
+template int inv422_blocks<Inv601Sub, Order::YCbCr, true, 3>(const Ycc422In&, const RgbOut&, int, int);
+template int inv422_blocks<Inv601Sub, Order::YCbCr, true, 4>(const Ycc422In&, const RgbOut&, int, int);
+template int inv422_blocks<Inv601Sub, Order::YCrCb, false, 3>(const Ycc422In&, const RgbOut&, int, int);
+template int inv422_blocks<Inv601Sub, Order::YCrCb, false, 4>(const Ycc422In&, const RgbOut&, int, int);
+template int inv422_blocks<Inv601Sub, Order::YCrCb, true, 3>(const Ycc422In&, const RgbOut&, int, int);
+template int inv422_blocks<Inv601Sub, Order::YCrCb, true, 4>(const Ycc422In&, const RgbOut&, int, int);
+template int inv422_blocks<Inv601Sub, Order::CbYCr, false, 3>(const Ycc422In&, const RgbOut&, int, int);
+template int inv422_blocks<Inv601Sub, Order::CbYCr, true, 4>(const Ycc422In&, const RgbOut&, int, int);
 
 }  // namespace nmq::ycc::avx512

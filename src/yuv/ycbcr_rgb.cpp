@@ -25,7 +25,9 @@ Fwd420Fn fwd420k() {
 }
 template <Order O, bool Bgr, int DS>
 Inv422Fn inv422k() {
-    return pick(Kernels<Inv422Fn>{inv422_row<Inv601Sub>, s2::inv422<Inv601Sub, O, Bgr, DS>, a2::inv422<Inv601Sub, O, Bgr, DS>});
+    Kernels<Inv422Fn> k{inv422_row<Inv601Sub>, s2::inv422<Inv601Sub, O, Bgr, DS>, a2::inv422<Inv601Sub, O, Bgr, DS>};
+    if constexpr (DS != 1) k.avx512 = avx512::inv422<Inv601Sub, O, Bgr, DS>;  // planes stay at AVX2
+    return pick(k);
 }
 template <bool Bgr, int DS>
 Inv420Fn inv420k() {
