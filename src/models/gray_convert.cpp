@@ -25,7 +25,8 @@ NmqStatus myRGBToGray_8u_C3C1R(const Nmq8u* src, int srcStep, Nmq8u* dst, int ds
     if (bad_size(roi)) return nmqStsSize;
     const Weights8u w = weights_8u(coeffs);
     const Gray8uRow row = pick(Kernels<Gray8uRow>{innerRGBToGray_8u_C3C1R<S>, innerRGBToGray_8u_C3C1R_sse2<S>,
-                                                  S == 3 ? innerRGBToGray_8u_C3C1R_avx2 : nullptr});
+                                                  S == 3 ? innerRGBToGray_8u_C3C1R_avx2 : nullptr, nullptr, nullptr,
+                                                  S == 3 ? innerRGBToGray_8u_C3C1R_avx512 : nullptr});
     for_rows(roi.height, [&](int y) { row(row_at(src, srcStep, y), row_at(dst, dstStep, y), roi.width, w); });
     return nmqStsOk;
 }

@@ -86,6 +86,8 @@ template <int S>
 void innerRGBToGray_8u_C3C1R_sse2(const uint8_t* src, uint8_t* dst, int width, const Weights8u& w);
 // AVX2 form of the three-channel kernel (gray_kernels_avx2.cpp).
 void innerRGBToGray_8u_C3C1R_avx2(const uint8_t* src, uint8_t* dst, int width, const Weights8u& w);
+// AVX-512 form of the three-channel kernel (gray_kernels_avx512.cpp).
+void innerRGBToGray_8u_C3C1R_avx512(const uint8_t* src, uint8_t* dst, int width, const Weights8u& w);
 
 using Gray8uRow = void (*)(const uint8_t*, uint8_t*, int, const Weights8u&);
 
