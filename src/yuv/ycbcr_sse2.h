@@ -82,18 +82,20 @@ inline void load8(const RgbIn& in, ptrdiff_t x, __m128i& R, __m128i& G, __m128i&
 }
 
 // Four 4-byte pixels to p; with a null alpha pointer the fourth byte of each
-// is left alone: the masked store writes only the other three. It is a
-// non-temporal store, so a kernel that used it ends with fence_kept() to
-// order it before whatever the caller stores next (a lock release, say).
+// is left alone, not even rewritten with its own value: each pixel goes out
+// as a 16-bit and an 8-bit store.
 inline void st_px4(const RgbOut& o, uint8_t* p, __m128i q) {
-    if (o.a)
+    if (o.a) {
         st(p, q);
-    else
-        _mm_maskmoveu_si128(q, _mm_set1_epi32(0x00FFFFFF), reinterpret_cast<char*>(p));
-}
-template <int DS>
-inline void fence_kept(const RgbOut& o) {
-    if (DS == 4 && !o.a) _mm_sfence();
+        return;
+    }
+    alignas(16) uint32_t px[4];
+    _mm_store_si128(reinterpret_cast<__m128i*>(px), q);
+    for (int k = 0; k < 4; ++k, p += 4) {
+        const uint16_t lo = uint16_t(px[k]);
+        std::memcpy(p, &lo, 2);
+        p[2] = uint8_t(px[k] >> 16);
+    }
 }
 
 // 16 pixels of R, G, B bytes to an interleaved row (DS = 3, or 4 with alpha
@@ -202,7 +204,6 @@ void fwd444(const RgbIn& in, const Ycc444& o, int x0, int w) {
         const __m128i Cr = bytes16<F>(chroma8<F>(R0, G0, B0, F::rr, F::rg, F::rb), chroma8<F>(R1, G1, B1, F::rr, F::rg, F::rb));
         store16<false, DS>(RgbOut{o.y, o.cb, o.cr, nullptr, DS}, x, Y, Cb, Cr);
     }
-    fence_kept<DS>(RgbOut{o.y, o.cb, o.cr, nullptr, DS});
     fwd444_row<F>(in, o, int(x), w);
 }
 
@@ -516,7 +517,6 @@ void inv444(const Ycc444In& in, const RgbOut& o, int x0, int w) {
         InvCore<I>::run(Y1, Cb1, Cr1, R1, G1, B1);
         store16<Bgr, DS>(o, x, _mm_packus_epi16(R0, R1), _mm_packus_epi16(G0, G1), _mm_packus_epi16(B0, B1));
     }
-    fence_kept<DS>(o);
     inv444_row<I>(in, o, int(x), w);
 }
 
