@@ -178,10 +178,17 @@ constexpr ptrdiff_t kWide = 32;
 //
 // Four pixels per lane: a byte shuffle turns the 12 bytes of four pixels into
 // the 16-bit pairs (R, B) and (G, G), whose difference is the (dRG, dBG) pair
-// of each pixel in one 32-bit lane, ready for pmaddwd. The luma sum is then
-// S = 65536 G + sy with G taken from the high half of the (G, G) lane, and the
-// chroma sums of a 2x2 block are the sums of neighbouring 32-bit lanes of two
-// rows. The integers are those of the scalar formulas, so are the bytes.
+// of each pixel in one 32-bit lane, ready for pmaddwd: sy = 19595 dRG + 7471
+// dBG, and the luma sum is S = 65536 G + sy. So Y = S >> 16 = G + (the high
+// half of sy): a 16-bit add of (G, G) to sy leaves Y in the high half.
+// The chroma sums of a 2x2 block are sums of those pairs over neighbouring
+// lanes of two rows: the block's sum of sy is the pmaddwd of its summed pair,
+// and dB = sum(dBG) + t, dR = sum(dRG) + t with t = (131071 - sum(sy)) >> 16,
+// the high half of 131071 - sum(sy), added to both halves of the pair. U and V
+// are then worked out side by side in the halves of each block's lane and
+// saturated to signed bytes before 128 is added (an exclusive or of 0x80):
+// that is the clamp of V, and U never reaches it. The integers are those of
+// the scalar formulas, so are the bytes.
 
 // Shuffle masks for the four pixels at bytes k..k+11 of a lane, where the
 // channels sit at byte offsets A (R), B (G), C (B) inside a pixel.
@@ -203,9 +210,10 @@ inline constexpr Masks420<A, B, C> kMasks420{};
 
 inline V bmask(const int8_t* m) { return _mm256_broadcastsi128_si256(ld(reinterpret_cast<const uint8_t*>(m))); }
 
-// Eight pixels of one row: per pixel the (dRG, dBG) pair, sy and the 32-bit luma.
+// Eight pixels of one row: per pixel the (dRG, dBG) pair and sy + (G, G),
+// whose high half is Y.
 struct Px8 {
-    V d, sy, y;
+    V d, y;
 };
 
 template <int A, int B, int C>
@@ -214,26 +222,38 @@ inline Px8 px8(V q, int shifted) {
     const V rb = _mm256_shuffle_epi8(q, bmask(m.rb[shifted])), gg = _mm256_shuffle_epi8(q, bmask(m.gg[shifted]));
     Px8 p;
     p.d = _mm256_sub_epi16(rb, gg);
-    p.sy = _mm256_madd_epi16(p.d, pair(19595, 7471));
-    p.y = _mm256_srai_epi32(_mm256_add_epi32(p.sy, _mm256_and_si256(gg, c32(int32_t(0xFFFF0000u)))), 16);
+    p.y = _mm256_add_epi16(_mm256_madd_epi16(p.d, pair(19595, 7471)), gg);
     return p;
 }
 
-// Chroma differences db, dr of the 2x2 blocks of two rows' Px8, in the even
-// 32-bit lanes.
-// sy is linear in (dRG, dBG), so the block's sum of sy is the pmaddwd of the
-// block's summed pair.
-inline void block_diffs(const Px8& a, const Px8& b, V& db, V& dr) {
-    const V d = _mm256_add_epi16(a.d, b.d);
-    const V pd = _mm256_add_epi16(d, _mm256_srli_epi64(d, 32));
-    const V ps = _mm256_madd_epi16(pd, pair(19595, 7471));
-    const V t = _mm256_srai_epi32(_mm256_sub_epi32(c32(131071), ps), 16);
-    db = _mm256_add_epi32(_mm256_srai_epi32(pd, 16), t);
-    dr = _mm256_add_epi32(_mm256_srai_epi32(_mm256_slli_epi32(pd, 16), 16), t);
+// The Y bytes of four groups of four pixels (y[k]: group k of each lane) in
+// order: the high halves of two vectors interleaved as words (a0 b0 a1 b1 ...),
+// packed, and sorted back by group.
+inline V luma32(const V y[4]) {
+    const V y01 = _mm256_blend_epi16(_mm256_srli_epi32(y[0], 16), y[1], 0xAA);
+    const V y23 = _mm256_blend_epi16(_mm256_srli_epi32(y[2], 16), y[3], 0xAA);
+    const V groups = _mm256_broadcastsi128_si256(_mm_setr_epi8(0, 2, 4, 6, 1, 3, 5, 7, 8, 10, 12, 14, 9, 11, 13, 15));
+    return _mm256_shuffle_epi8(_mm256_packus_epi16(y01, y23), groups);
 }
 
-// The even lanes of a and of b, interleaved.
-inline V evens(V a, V b) { return _mm256_blend_epi32(a, _mm256_slli_epi64(b, 32), 0xAA); }
+// Sums of neighbouring lanes of a and b as 16-bit pairs: per 128-bit lane
+// a0+a1, a2+a3, b0+b1, b2+b3.
+inline V pair_sums16(V a, V b) {
+    const __m256 fa = _mm256_castsi256_ps(a), fb = _mm256_castsi256_ps(b);
+    return _mm256_add_epi16(_mm256_castps_si256(_mm256_shuffle_ps(fa, fb, _MM_SHUFFLE(2, 0, 2, 0))),
+                            _mm256_castps_si256(_mm256_shuffle_ps(fa, fb, _MM_SHUFFLE(3, 1, 3, 1))));
+}
+
+// Per block lane (summed dRG, summed dBG): (V, U) as signed 16-bit values
+// before the 128 is added.
+inline V block_vu(V p) {
+    const V ps = _mm256_sub_epi32(c32(131071), _mm256_madd_epi16(p, pair(19595, 7471)));
+    const V high = _mm256_broadcastsi128_si256(_mm_setr_epi8(2, 3, 2, 3, 6, 7, 6, 7, 10, 11, 10, 11, 14, 15, 14, 15));
+    const V x = _mm256_add_epi16(p, _mm256_shuffle_epi8(ps, high));  // (dR, dB)
+    // dR 57475 / 2^16 = dR + dR (57475 - 65536) / 2^16; dB 32244 / 2^16.
+    const V h = _mm256_mulhi_epi16(x, pair(57475 - 65536, 32244));
+    return _mm256_srai_epi16(_mm256_blend_epi16(h, _mm256_add_epi16(h, x), 0x55), 2);
+}
 
 template <int A, int B, int C>
 void rgb3_to_yuv420_rows_avx2(const RowIn& s0, const RowIn& s1, const RowOut& d, ptrdiff_t n, ptrdiff_t from) {
@@ -241,34 +261,28 @@ void rgb3_to_yuv420_rows_avx2(const RowIn& s0, const RowIn& s1, const RowOut& d,
     for (; i + kWide <= n; i += kWide) {
         // Group k: pixels 4k..4k+3 in the low lane, 16+4k.. in the high one;
         // the last group is loaded four bytes early so no load passes pixel 31.
-        // Groups go in pairs to keep few registers live.
         const uint8_t* q0 = s0.p[0] + 3 * i;
         const uint8_t* q1 = s1.p[0] + 3 * i;
-        V y0[2], y1[2], db[2], dr[2];
-        for (int h = 0; h < 2; ++h) {
-            V pdb[2], pdr[2], py0[2], py1[2];
-            for (int e = 0; e < 2; ++e) {
-                const int k = 2 * h + e, off = k == 3 ? 32 : 12 * k, sh = k == 3;
-                const Px8 a = px8<A, B, C>(ld2(q0 + off, q0 + off + 48), sh);
-                const Px8 b = px8<A, B, C>(ld2(q1 + off, q1 + off + 48), sh);
-                block_diffs(a, b, pdb[e], pdr[e]);
-                py0[e] = a.y, py1[e] = b.y;
-            }
-            y0[h] = _mm256_packs_epi32(py0[0], py0[1]), y1[h] = _mm256_packs_epi32(py1[0], py1[1]);
-            db[h] = evens(pdb[0], pdb[1]), dr[h] = evens(pdr[0], pdr[1]);
+        V sum[4], y0[4], y1[4];
+        for (int k = 0; k < 4; ++k) {
+            const int off = k == 3 ? 32 : 12 * k, sh = k == 3;
+            const Px8 a = px8<A, B, C>(ld2(q0 + off, q0 + off + 48), sh);
+            const Px8 b = px8<A, B, C>(ld2(q1 + off, q1 + off + 48), sh);
+            sum[k] = _mm256_add_epi16(a.d, b.d);
+            y0[k] = a.y, y1[k] = b.y;
         }
-        st32(d.p[0] + i, _mm256_packus_epi16(y0[0], y0[1]));
-        st32(d.p[3] + i, _mm256_packus_epi16(y1[0], y1[1]));
-        // Blocks in the order 0 2 1 3 4 6 5 7 per lane (8 more in the high lane).
-        const V db16 = _mm256_packs_epi32(db[0], db[1]), dr16 = _mm256_packs_epi32(dr[0], dr[1]);
-        const V u = _mm256_add_epi16(c16(128), _mm256_srai_epi16(u_term(db16), 2));
-        const V v = _mm256_add_epi16(c16(128), _mm256_srai_epi16(v_term(dr16), 2));
-        const V order =
-            _mm256_broadcastsi128_si256(_mm_setr_epi8(0, 2, 1, 3, 4, 6, 5, 7, 8, 10, 9, 11, 12, 14, 13, 15));
-        const V uv = _mm256_permute4x64_epi64(_mm256_shuffle_epi8(_mm256_packus_epi16(u, v), order),
-                                              _MM_SHUFFLE(3, 1, 2, 0));
-        st16(d.p[1] + i / 2, _mm256_castsi256_si128(uv));
-        st16(d.p[2] + i / 2, _mm256_extracti128_si256(uv, 1));
+        st32(d.p[0] + i, luma32(y0));
+        st32(d.p[3] + i, luma32(y1));
+        // Blocks 0-3 and 4-7 in the low lanes, 8-11 and 12-15 in the high ones.
+        const V vu = _mm256_xor_si256(
+            _mm256_packs_epi16(block_vu(pair_sums16(sum[0], sum[1])), block_vu(pair_sums16(sum[2], sum[3]))),
+            _mm256_set1_epi8(int8_t(0x80)));
+        const V split =
+            _mm256_shuffle_epi8(vu, _mm256_broadcastsi128_si256(_mm_setr_epi8(0, 2, 4, 6, 8, 10, 12, 14, 1, 3, 5, 7,
+                                                                               9, 11, 13, 15)));
+        const V uv = _mm256_permute4x64_epi64(split, _MM_SHUFFLE(3, 1, 2, 0));  // V, then U
+        st16(d.p[1] + i / 2, _mm256_extracti128_si256(uv, 1));
+        st16(d.p[2] + i / 2, _mm256_castsi256_si128(uv));
     }
     rgb_to_yuv420_rows_sse2<Packed<3, A, B, C>>(s0, s1, d, n, i);
 }
