@@ -13,10 +13,8 @@
 // the pixels come out contiguous.
 //
 // The arithmetic is that of InvSplit601x (ycbcr_avx2_split.h): the luma part
-// Y + hi(10748*Y) plus the chroma part h, plus the carry of the low halves.
-// The clamp to 0..255 rides on saturation: h is biased by 32767 - 255, the sum
-// saturates at 32767 and an unsigned saturating subtraction of the bias drops
-// everything below zero to 0.
+// Y + hi(10748*Y) plus the chroma part h, plus the carry of the low halves;
+// the byte packs clamp.
 //
 // Each formula here is the same in every column, so a row ends with one more
 // block through masked loads and stores: no byte past the row is accessed.
@@ -48,8 +46,9 @@ using avx2::Ops512;
 using Z = __m512i;
 using M = __mmask64;
 
-constexpr ptrdiff_t kZ = 64;          // pixels per block
-constexpr int kBias = 32767 - 255;    // saturates a sum at 255 above the clamp
+#define NMQ_INLINE inline __attribute__((always_inline))
+
+constexpr ptrdiff_t kZ = 64;  // pixels per block
 
 inline Z ld(const uint8_t* p) { return _mm512_loadu_si512(p); }
 inline Z c16(int v) { return _mm512_set1_epi16(short(v)); }
@@ -62,54 +61,71 @@ inline Z transpose_dwords(Z x) {
     return _mm512_permutexvar_epi32(_mm512_setr_epi32(0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15), x);
 }
 
-// Chroma terms of 32 samples in 16-bit lanes: h biased for the clamp, t
-// flipped for an unsigned comparison with the plain low half of the luma part.
+// Chroma terms of 32 samples in 16-bit lanes: the split of InvSplit601x
+// (ycbcr_avx2_split.h), with t kept for an unsigned comparison with the plain
+// low half of the luma part (t ^ 0x8000 there, folded into the constants).
 template <class I>
-struct Chroma {
+struct Chroma;
+
+template <int KR, int KG, int KB>
+struct Chroma<Inv601<KR, KG, KB>> {
     Z h[3], t[3];
+    static constexpr int lo(int k) { return k & 0xFFFF; }
+    static constexpr int hi(int k) { return (k - lo(k)) / 65536; }
+    // h, t of the term W * c + K with c scaled by 65536 * M + W.
+    template <int M, int W, int K>
+    static void one(Z c, Z& h, Z& t) {
+        const Z k = c16((32767 - lo(K)) ^ 0x8000);
+        t = _mm512_add_epi16(_mm512_mullo_epi16(c, c16(-W)), k);
+        const Z mc = M == 2 ? _mm512_add_epi16(c, c) : c;
+        const Z s = _mm512_add_epi16(_mm512_add_epi16(_mm512_mulhi_epu16(c, c16(W)), mc), c16(hi(K)));
+        h = _mm512_mask_add_epi16(s, _mm512_cmpgt_epu16_mask(t, k), s, c16(1));
+    }
     Chroma(Z cb, Z cr) {
-        using S = typename avx2::SplitX<Ops512, I>::type;
-        const typename S::Terms c = S::terms(cb, cr);
-        for (int i = 0; i < 3; ++i) {
-            h[i] = _mm512_add_epi16(c.h[i], c16(kBias));
-            t[i] = _mm512_xor_si512(c.t[i], c16(-32768));
-        }
+        one<1, 104595 - 65536, KR>(cr, h[0], t[0]);
+        one<2, 132186 - 131072, KB>(cb, h[2], t[2]);
+        const Z w = _mm512_set1_epi32(int32_t(uint32_t(uint16_t(-25690)) | uint32_t(12255) << 16));
+        const Z k = _mm512_set1_epi32(KG);
+        const Z l = _mm512_add_epi32(_mm512_madd_epi16(_mm512_unpacklo_epi16(cb, cr), w), k);
+        const Z u = _mm512_add_epi32(_mm512_madd_epi16(_mm512_unpackhi_epi16(cb, cr), w), k);
+        h[1] = _mm512_sub_epi16(_mm512_packs_epi32(_mm512_srai_epi32(l, 16), _mm512_srai_epi32(u, 16)), cr);
+        t[1] = _mm512_add_epi16(_mm512_add_epi16(_mm512_mullo_epi16(cb, c16(25690)), _mm512_mullo_epi16(cr, c16(-12255))),
+                                c16((32767 - lo(KG)) ^ 0x8000));
     }
 };
 
-// Clamped R, G, B (0..255 in 16-bit lanes) of the luma words y (0..255).
+// R, G, B before the clamp (16-bit lanes) of the luma words y (0..255).
 template <class I>
-inline void apply(Z y, const Chroma<I>& c, Z& R, Z& G, Z& B) {
-    const Z w = c16(10748), one = c16(1), bias = c16(kBias);
+NMQ_INLINE void apply(Z y, const Chroma<I>& c, Z& R, Z& G, Z& B) {
+    const Z w = c16(10748), one = c16(1);
     const Z yy = _mm512_add_epi16(y, _mm512_mulhi_epu16(y, w));
     const Z yl = _mm512_mullo_epi16(y, w);
     Z o[3];
     for (int i = 0; i < 3; ++i) {
-        const Z s = _mm512_adds_epi16(yy, c.h[i]);
-        o[i] = _mm512_subs_epu16(_mm512_mask_adds_epi16(s, _mm512_cmpgt_epu16_mask(yl, c.t[i]), s, one), bias);
+        const Z s = _mm512_add_epi16(yy, c.h[i]);
+        o[i] = _mm512_mask_add_epi16(s, _mm512_cmpgt_epu16_mask(yl, c.t[i]), s, one);
     }
     R = o[0], G = o[1], B = o[2];
 }
 
-// The two words of each pixel: bytes 0-1 and 2-3 (alpha 0xFF, or 0 for
-// three-byte pixels).
-template <bool Bgr, int DS>
-inline void words(Z R, Z G, Z B, Z& lo, Z& hi) {
-    if constexpr (Bgr) std::swap(R, B);
-    lo = _mm512_or_si512(R, _mm512_slli_epi16(G, 8));
-    hi = DS == 4 ? _mm512_or_si512(B, c16(0xFF00)) : B;
-}
-
 // Luma words of the even and odd pixels of 32 transposed pairs to 64
-// contiguous pixels of four bytes, and those to the row: m pixels from p
-// (m = 64 for a whole block).
+// contiguous pixels, and those to the row: m pixels from p (m = 64 for a
+// whole block). The byte packs clamp; the even and odd halves of a lane's
+// bytes interleave into the two words of each pixel (bytes 0-1 and 2-3,
+// alpha 0xFF or, for three-byte pixels, 0), then into pixels.
 template <class I, bool Bgr, int DS, bool Tail>
-inline void pixels(Z ye, Z yo, const Chroma<I>& c, uint8_t* p, ptrdiff_t m) {
-    Z R, G, B, le, he, lo, ho;
-    apply(ye, c, R, G, B);
-    words<Bgr, DS>(R, G, B, le, he);
-    apply(yo, c, R, G, B);
-    words<Bgr, DS>(R, G, B, lo, ho);
+NMQ_INLINE void pixels(Z ye, Z yo, const Chroma<I>& c, uint8_t* p, ptrdiff_t m) {
+    Z R0, G0, B0, R1, G1, B1;
+    apply(ye, c, R0, G0, B0);
+    apply(yo, c, R1, G1, B1);
+    if constexpr (Bgr) {
+        std::swap(R0, B0);
+        std::swap(R1, B1);
+    }
+    const Z a = _mm512_packus_epi16(R0, R1), g = _mm512_packus_epi16(G0, G1), b = _mm512_packus_epi16(B0, B1);
+    const Z fourth = DS == 4 ? _mm512_set1_epi8(-1) : _mm512_setzero_si512();
+    const Z le = _mm512_unpacklo_epi8(a, g), lo = _mm512_unpackhi_epi8(a, g);
+    const Z he = _mm512_unpacklo_epi8(b, fourth), ho = _mm512_unpackhi_epi8(b, fourth);
     const Z el = _mm512_unpacklo_epi16(le, he), eh = _mm512_unpackhi_epi16(le, he);
     const Z ol = _mm512_unpacklo_epi16(lo, ho), oh = _mm512_unpackhi_epi16(lo, ho);
     const Z px[4] = {_mm512_unpacklo_epi32(el, ol), _mm512_unpackhi_epi32(el, ol), _mm512_unpacklo_epi32(eh, oh),
@@ -141,11 +157,12 @@ inline void pixels(Z ye, Z yo, const Chroma<I>& c, uint8_t* p, ptrdiff_t m) {
 template <bool Bgr, int DS>
 inline uint8_t* start(const RgbOut& o, ptrdiff_t x) { return (Bgr ? o.b : o.r) + x * DS; }
 
-// 64 pixels of both rows from x (m of them in a tail block).
-template <class I, bool Bgr, int DS, bool Tail>
-inline void block420(const Ycc420In& in, const RgbOut& o0, const RgbOut& o1, ptrdiff_t x, ptrdiff_t m) {
+// 64 pixels of both rows from x (m of them in a tail block); CS: the chroma
+// step of the source.
+template <class I, bool Bgr, int DS, int CS, bool Tail>
+NMQ_INLINE void block420(const Ycc420In& in, const RgbOut& o0, const RgbOut& o1, ptrdiff_t x, ptrdiff_t m) {
     Z cb, cr;
-    if (in.cs == 2) {  // Cb, Cr pairs: a dword holds the samples of two pairs, as luma does
+    if constexpr (CS == 2) {  // Cb, Cr pairs: a dword holds the samples of two pairs, as luma does
         const bool cr_first = in.cr < in.cb;
         const uint8_t* c = (cr_first ? in.cr : in.cb) + x;
         const Z v = transpose_dwords(Tail ? _mm512_maskz_loadu_epi8(first(m), c) : ld(c));
@@ -195,7 +212,7 @@ inline Z split_pairs(int a, int b) {
 // Each vector of 16 pairs is permuted so that the in-lane split and the
 // merge of the two vectors give the transposed pair order.
 template <class I, Order O, bool Bgr, int DS, bool Tail>
-inline void block422(const uint8_t* q, const RgbOut& o, ptrdiff_t x, ptrdiff_t m) {
+NMQ_INLINE void block422(const uint8_t* q, const RgbOut& o, ptrdiff_t x, ptrdiff_t m) {
     using P = PairBytes<O>;
     const Z order = _mm512_setr_epi32(0, 1, 8, 9, 2, 3, 10, 11, 4, 5, 12, 13, 6, 7, 14, 15);
     const Z sy = split_pairs(P::y0, P::y1), sc = split_pairs(P::cb, P::cr);
@@ -211,13 +228,19 @@ inline void block422(const uint8_t* q, const RgbOut& o, ptrdiff_t x, ptrdiff_t m
                              start<Bgr, DS>(o, x), m);
 }
 
+template <class I, bool Bgr, int DS, int CS>
+void rows420(const Ycc420In& in, const RgbOut& o0, const RgbOut& o1, int x0, int w) {
+    ptrdiff_t x = x0;
+    for (; x + kZ <= w; x += kZ) block420<I, Bgr, DS, CS, false>(in, o0, o1, x, kZ);
+    if (x < w) block420<I, Bgr, DS, CS, true>(in, o0, o1, x, w - x);
+}
+
 }  // namespace
 
 template <class I, bool Bgr, int DS>
 int inv420_blocks(const Ycc420In& in, const RgbOut& o0, const RgbOut& o1, int x0, int w) {
-    ptrdiff_t x = x0;
-    for (; x + kZ <= w; x += kZ) block420<I, Bgr, DS, false>(in, o0, o1, x, kZ);
-    if (x < w) block420<I, Bgr, DS, true>(in, o0, o1, x, w - x);
+    if (in.cs == 2) rows420<I, Bgr, DS, 2>(in, o0, o1, x0, w);
+    else rows420<I, Bgr, DS, 1>(in, o0, o1, x0, w);
     return w;
 }
 
