@@ -2,6 +2,7 @@
 // weight conversion and its wrap, the 16-bit rounding and saturation rules,
 // float orders of evaluation, and every SIMD level against a reference
 // written from the formulas.
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <functional>
@@ -157,19 +158,26 @@ TEST(GrayArgs, PointersFirstThenSize) {
 }
 
 // ---- 8u: two arithmetics chosen by column ---------------------------------------------
+// At every level, with rows that end in a partial vector block and rows of
+// several whole blocks (64 pixels at the widest level).
 TEST(Gray8u, ColumnDecidesTheRounding) {
     const uint8_t px[3] = {0, 6, 70};
-    // C3: the vector part is 4*floor(w/4) pixels; AC4: 8*floor(w/8).
+    // C3: the vector part is 4*floor(w/4) pixels; AC4: 8*floor(w/8). The
+    // vector arithmetic gives 11 here, the tail 12.
     struct Case {
         int stride, width;
-        std::vector<uint8_t> want;
     };
-    const Case cases[] = {
-        {3, 3, {12, 12, 12}}, {3, 5, {11, 11, 11, 11, 12}},
-        {4, 7, {12, 12, 12, 12, 12, 12, 12}}, {4, 9, {11, 11, 11, 11, 11, 11, 11, 11, 12}},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(gray8u_row(c.stride, c.width, px, nullptr), c.want) << "stride " << c.stride << " width " << c.width;
+    const Case cases[] = {{3, 3}, {3, 5}, {3, 67}, {3, 131}, {4, 7}, {4, 9}, {4, 71}, {4, 133}};
+    for (nmq::Isa lv : isa_levels()) {
+        nmq::IsaCap cap(lv);
+        for (const Case& c : cases) {
+            const int v = c.width & ~(c.stride == 3 ? 3 : 7);
+            std::vector<uint8_t> want(size_t(c.width), 12);
+            std::fill(want.begin(), want.begin() + v, 11);
+            EXPECT_EQ(gray8u_row(c.stride, c.width, px, nullptr), want)
+                << "stride " << c.stride << " width " << c.width << " " << isa_name(lv);
+        }
+    }
 }
 
 TEST(Gray8u, WeightConversionAndSaturation) {
@@ -186,13 +194,16 @@ TEST(Gray8u, WeightConversionAndSaturation) {
         {{2.5f, 0.0f, 0.0f}, {200, 0, 0}, 100, 100, "2.5 wraps to 0.5"},
         {{-0.5f, 0.0f, 0.0f}, {10, 0, 0}, 15, 15, "-0.5 wraps to 49153"},
     };
-    for (const Case& c : cases)
-        for (int stride : {3, 4}) {
-            const int vw = stride == 3 ? 4 : 8;
-            const auto v = gray8u_row(stride, vw + 1, c.px, c.w);
-            EXPECT_EQ(v[0], c.vec) << c.rule << " stride " << stride;
-            EXPECT_EQ(v[size_t(vw)], c.tail) << c.rule << " stride " << stride;
-        }
+    for (nmq::Isa lv : isa_levels()) {
+        nmq::IsaCap cap(lv);
+        for (const Case& c : cases)
+            for (int stride : {3, 4}) {
+                const auto v = gray8u_row(stride, 129, c.px, c.w);  // 128 pixels of vector part, one of tail
+                EXPECT_EQ(v[0], c.vec) << c.rule << " stride " << stride << " " << isa_name(lv);
+                EXPECT_EQ(v[127], c.vec) << c.rule << " stride " << stride << " " << isa_name(lv);
+                EXPECT_EQ(v[128], c.tail) << c.rule << " stride " << stride << " " << isa_name(lv);
+            }
+    }
 }
 
 // ---- 16u and 16s --------------------------------------------------------------------

@@ -1,5 +1,6 @@
 // Hand-computed values that pin the rounding rules of the family (the sweep
 // holds every level and layout to the reference these values check).
+#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -115,6 +116,35 @@ const Case kCases[] = {
 
 TEST(YuvValues, HandComputed) {
     for (const Case& c : kCases) EXPECT_EQ(c.run(), c.want) << c.what;
+}
+
+// Flat colours through RGB24 to 4:2:0 at every level, on a row pair of 130
+// pixels (whole vector blocks and a partial one at each level). Red and green
+// drive V past both ends of the byte range: 128 + 157 and 128 - 131.
+TEST(YuvValues, FlatColours420AtEveryLevel) {
+    struct Flat {
+        Nmq8u rgb[3], y, u, v;
+    };
+    const Flat flats[] = {
+        {{255, 0, 0}, 76, 90, 255},   {{0, 255, 0}, 149, 54, 0},      {{0, 0, 255}, 29, 239, 102},
+        {{173, 0, 191}, 73, 185, 215}, {{255, 255, 255}, 255, 128, 128}, {{0, 0, 0}, 0, 128, 128},
+    };
+    const int w = 130, cw = w / 2;
+    for (nmq::Isa lv : nmqt::isa_levels()) {
+        nmq::IsaCap cap(lv);
+        for (const Flat& f : flats) {
+            const Bytes s = flat(2 * w, 3, {f.rgb[0], f.rgb[1], f.rgb[2]});
+            Bytes y(2 * static_cast<size_t>(w)), u(static_cast<size_t>(cw)), v(static_cast<size_t>(cw));
+            Nmq8u* d[3] = {y.data(), u.data(), v.data()};
+            int st[3] = {w, cw, cw};
+            ASSERT_EQ(nmqiRGBToYUV420_8u_C3P3R(s.data(), 3 * w, d, st, {w, 2}), nmqStsOk);
+            const auto all = [](const Bytes& b, Nmq8u x) {
+                return std::all_of(b.begin(), b.end(), [x](Nmq8u c) { return c == x; });
+            };
+            EXPECT_TRUE(all(y, f.y) && all(u, f.u) && all(v, f.v))
+                << int(f.rgb[0]) << "," << int(f.rgb[1]) << "," << int(f.rgb[2]) << " " << nmqt::isa_name(lv);
+        }
+    }
 }
 
 }  // namespace
