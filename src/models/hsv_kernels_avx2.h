@@ -26,6 +26,8 @@ template <class S, class D> void innerHLSToRGB_8u_avx2(const SrcRow& s, const Ds
 
 template <class S, class D> void innerRGBToHSV_8u_avx512(const SrcRow& s, const DstRow& d, int width);
 template <class S, class D> void innerHSVToRGB_8u_avx512(const SrcRow& s, const DstRow& d, int width);
+template <class S, class D> void innerRGBToHLS_8u_avx512(const SrcRow& s, const DstRow& d, int width);
+template <class S, class D> void innerHLSToRGB_8u_avx512(const SrcRow& s, const DstRow& d, int width);
 
 // AVX2 and AVX-512 forms exist for RGB (or HSV, HLS) pixel order to pixel order.
 template <class S, class D>

@@ -39,7 +39,20 @@ void innerHSVToRGB_8u_avx512(const SrcRow& s, const DstRow& d, int width) {
     rest(innerHSVToRGB_8u_sse2<S, D>, s, d, map32_bytes<S, D>(s, d, width, f), width);
 }
 
+template <class S, class D>
+void innerRGBToHLS_8u_avx512(const SrcRow& s, const DstRow& d, int width) {
+    const auto f = [](I8 a, I8 b, I8 c, I8& x, I8& y, I8& z) { rgb_to_hls32(a, b, c, x, y, z); };
+    rest(innerRGBToHLS_8u_sse2<S, D>, s, d, map32_bytes<S, D>(s, d, width, f), width);
+}
+template <class S, class D>
+void innerHLSToRGB_8u_avx512(const SrcRow& s, const DstRow& d, int width) {
+    const auto f = [](I8 a, I8 b, I8 c, I8& x, I8& y, I8& z) { hls32_to_rgb(a, b, c, x, y, z); };
+    rest(innerHLSToRGB_8u_sse2<S, D>, s, d, map32_bytes<S, D>(s, d, width, f), width);
+}
+
 template void innerRGBToHSV_8u_avx512<Rgb3, Rgb3>(const SrcRow&, const DstRow&, int);
 template void innerHSVToRGB_8u_avx512<Rgb3, Rgb3>(const SrcRow&, const DstRow&, int);
+template void innerRGBToHLS_8u_avx512<Rgb3, Rgb3>(const SrcRow&, const DstRow&, int);
+template void innerHLSToRGB_8u_avx512<Rgb3, Rgb3>(const SrcRow&, const DstRow&, int);
 
 }  // namespace nmq::hsv

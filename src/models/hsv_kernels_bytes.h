@@ -94,8 +94,18 @@ inline I8 code8(Mask m1, Mask m2) {
 // H >= T for H in 0..254.
 template <int T>
 inline Mask at_least(I8 H) { return _mm256_cmpge_epu8_mask(H, b8(T)); }
-// x + 255 where x < 0.
-inline F8 wrap255(F8 x) { return _mm256_mask_add_ps(x, _mm256_cmp_ps_mask(x, _mm256_setzero_ps(), _CMP_LT_OQ), x, ps(255.0f)); }
+// H >= T as a mask that both chooses bytes and counts (count_in).
+template <int T>
+inline Mask ge8(I8 H) { return _mm256_cmpge_epu8_mask(H, b8(T)); }
+// n + 1 where m.
+inline I8 count_in(I8 n, Mask m) { return _mm256_mask_add_epi8(n, m, n, b8(1)); }
+// x + c where x < 0.
+inline F8 add_if_negative(F8 x, float c) {
+    return _mm256_mask_add_ps(x, _mm256_cmp_ps_mask(x, _mm256_setzero_ps(), _CMP_LT_OQ), x, ps(c));
+}
+using FMask = __mmask8;
+inline FMask le_f(F8 a, F8 b) { return _mm256_cmp_ps_mask(a, b, _CMP_LE_OQ); }
+inline F8 self(FMask m, F8 a, F8 b) { return _mm256_mask_blend_ps(m, b, a); }
 #else
 using Mask = I8;  // 0xFF or 0 per byte, or (at_least) the top bit of each byte
 inline Mask eq8(I8 a, I8 b) { return _mm256_cmpeq_epi8(a, b); }
@@ -109,10 +119,18 @@ inline Mask at_least(I8 H) {
     static_assert(T > 0 && T < 255, "threshold inside the byte range");
     return T < 128 ? _mm256_adds_epu8(H, b8(128 - T)) : _mm256_subs_epu8(H, b8(T - 128));
 }
-inline F8 wrap255(F8 x) {
-    return _mm256_add_ps(x, _mm256_and_ps(_mm256_cmp_ps(x, _mm256_setzero_ps(), _CMP_LT_OQ), ps(255.0f)));
+// H >= T as 0xFF or 0 per byte, which both chooses bytes and counts.
+template <int T>
+inline Mask ge8(I8 H) { return _mm256_cmpeq_epi8(_mm256_max_epu8(H, b8(T)), H); }
+inline I8 count_in(I8 n, Mask m) { return _mm256_sub_epi8(n, m); }
+inline F8 add_if_negative(F8 x, float c) {
+    return _mm256_add_ps(x, _mm256_and_ps(_mm256_cmp_ps(x, _mm256_setzero_ps(), _CMP_LT_OQ), ps(c)));
 }
+using FMask = F8;
+inline FMask le_f(F8 a, F8 b) { return _mm256_cmp_ps(a, b, _CMP_LE_OQ); }
+inline F8 self(FMask m, F8 a, F8 b) { return _mm256_blendv_ps(b, a, m); }
 #endif
+inline F8 wrap255(F8 x) { return add_if_negative(x, 255.0f); }
 
 // 32 pixels at q to the bytes at positions 0, 1 and 2 (pixels 0-15 in the
 // low 128-bit lane, 16-31 in the high one), and back. Exactly the 96 bytes
@@ -215,6 +233,124 @@ inline void hsv32_to_rgb(I8 H, I8 S, I8 V, I8& r, I8& g, I8& b) {
     r = sel8(andnot(c5, c1), sel8(c4, t, sel8(c2, p, q)), V);
     g = sel8(c3, sel8(c4, p, q), sel8(c1, V, t));
     b = sel8(c3, sel8(c5, q, V), sel8(c2, t, p));
+}
+
+// ---- RGB to HLS ----
+
+// The constants of the scalar 8u HLS kernels (Hls8u in hsv_kernels.h).
+constexpr float kHlsHueOut = 0.7083333f, kHlsHueIn = 1.4117647f, kHlsUnit = 0.003921569f;
+
+// The integer stages are exact in bytes: L = (V + m) >> 1, and the
+// denominator of S, V + m or 510 - V - m (whichever the float test of the
+// scalar kernel picks: V + m above 255), is min(V + m, 255) - max(V + m - 255,
+// 0), always 0..255. The hue's difference of samples is signed: it goes
+// through 16-bit lanes, times 60 there (float(a - b) * 60 is exact, so the
+// product of integers is the same number), and its angle offset 0, 120 or
+// 240 comes from a code byte as in rgb_to_hsv32: bytes 0x43F0 of the lane's
+// top half masked with 0xF2F2 give 120 (0x42F00000), with 0x7373 240
+// (0x43700000). Red wins ties, then green, as in the scalar kernel.
+//
+// Gray pixels (d = 0) compute NaN for H, and for S of black, through the
+// refined reciprocal of 0 (inf - 0 * inf * inf); narrow() turns the
+// conversions' integer indefinite into 0, the scalar value.
+inline F8 rcp_nr(F8 x) {
+    const F8 r = _mm256_rcp_ps(x);
+    return _mm256_sub_ps(_mm256_mul_ps(ps(2.0f), r), _mm256_mul_ps(_mm256_mul_ps(x, r), r));
+}
+
+inline void rgb_to_hls32(I8 r, I8 g, I8 b, I8& h, I8& l, I8& s) {
+    const I8 V = _mm256_max_epu8(r, _mm256_max_epu8(g, b));
+    const I8 m = _mm256_min_epu8(r, _mm256_min_epu8(g, b));
+    const I8 d = _mm256_sub_epi8(V, m);
+    l = _mm256_sub_epi8(_mm256_avg_epu8(V, m), _mm256_and_si256(_mm256_xor_si256(V, m), b8(1)));
+    const I8 den = _mm256_sub_epi8(_mm256_adds_epu8(V, m), _mm256_subs_epu8(V, _mm256_xor_si256(m, b8(0xFF))));
+    const Mask r_wins = eq8(r, V);
+    const Mask g_wins = andnot(r_wins, eq8(g, V));
+    // hue = 60 (a - b) / d + K: (g - b, 0) for red, (b - r, 120) for green,
+    // (r - g, 240) for blue.
+    const I8 a = sel8(r_wins, g, sel8(g_wins, b, r));
+    const I8 c = sel8(r_wins, b, sel8(g_wins, r, g));
+    const I8 kcode = sel8(r_wins, _mm256_setzero_si256(), sel8(g_wins, b8(0xF2), b8(0x73)));
+    const I8 z = _mm256_setzero_si256(), sixty = _mm256_set1_epi16(60);
+    const I8 diff[2] = {
+        _mm256_mullo_epi16(_mm256_sub_epi16(_mm256_unpacklo_epi8(a, z), _mm256_unpacklo_epi8(c, z)), sixty),
+        _mm256_mullo_epi16(_mm256_sub_epi16(_mm256_unpackhi_epi8(a, z), _mm256_unpackhi_epi8(c, z)), sixty)};
+    const F8 kbits = _mm256_castsi256_ps(_mm256_set1_epi32(0x43F00000));
+    I8 hq[4], sq[4];
+    for (int k = 0; k < 4; ++k) {
+        // Words 4k'..4k'+3 of each lane (pixels of group k) sign-extended.
+        const I8 w = diff[k / 2];
+        const I8 w2 = k % 2 ? _mm256_unpackhi_epi16(w, w) : _mm256_unpacklo_epi16(w, w);
+        const F8 d60 = cvt(_mm256_srai_epi32(w2, 16));
+        const F8 fd = widen_f(d, k);
+        const F8 sf = _mm256_mul_ps(_mm256_mul_ps(fd, rcp_nr(widen_f(den, k))), ps(255.0f));
+        const F8 K = _mm256_and_ps(_mm256_castsi256_ps(shuf(kcode, kMasks.dup[k])), kbits);
+        const F8 hue = add_if_negative(_mm256_add_ps(_mm256_mul_ps(d60, rcp_nr(fd)), K), 360.0f);
+        hq[k] = _mm256_cvttps_epi32(_mm256_mul_ps(hue, ps(kHlsHueOut)));
+        sq[k] = _mm256_cvttps_epi32(sf);
+    }
+    h = narrow(hq);
+    s = narrow(sq);
+}
+
+// ---- HLS to RGB ----
+
+// The hue angle of the scalar kernel, and the first H of each 60-degree
+// sextant (h grows with H).
+constexpr float hls_angle(int H) { return float(H) * kHlsHueIn; }
+constexpr int first_of_hls_sextant(int k) {
+    int H = 0;
+    while (H < 255 && hls_angle(H) < 60.0f * float(k)) ++H;
+    return H;
+}
+
+// Inside sextant i one channel is on a ramp, fa (m2 - m1) + m1, and the
+// other two are m2 and m1: (R, G, B) = (m2, up, m1) (down, m2, m1)
+// (m1, m2, up) (m1, down, m2) (up, m1, m2) (m2, m1, down). The ramp's
+// factor fa, a / 60 going up and (240 - a) / 60 going down for the
+// channel's angle a, is found as (h + c1 + c2) * ks, one rounding per
+// operation as in the scalar kernel: the angle is h + 120 (R, rounded, then
+// less 360 going up), h or h - 120 (B, exact), and the down ramps take
+// (a - 240) * -1/60, the same number as (240 - a) / 60. Where the scalar
+// angle lands on a sextant's edge (H = 255 gives h = 360) the other cases
+// give the ramp at factor 0, which is m1 exactly.
+struct HlsRamp {
+    alignas(32) float c1[8], c2[8], ks[8];
+};
+inline constexpr HlsRamp kHlsRamp{{0.0f, 120.0f, -120.0f, 0.0f, 120.0f, -120.0f, 0.0f, 0.0f},
+                                  {0.0f, -240.0f, 0.0f, -240.0f, -360.0f, -240.0f, 0.0f, 0.0f},
+                                  {0.016666668f, -0.016666668f, 0.016666668f, -0.016666668f, 0.016666668f,
+                                   -0.016666668f, 0.0f, 0.0f}};
+
+// m2, m1 and the ramp are converted (x 255, truncated, saturated) per lane
+// and chosen per byte by the sextant. Zero saturation needs no case of its
+// own: m2 = m1 = l and the ramp adds 0 to l, so all three are the gray value.
+inline void hls32_to_rgb(I8 H, I8 L, I8 S, I8& r, I8& g, I8& b) {
+    constexpr int T1 = first_of_hls_sextant(1), T2 = first_of_hls_sextant(2), T3 = first_of_hls_sextant(3);
+    constexpr int T4 = first_of_hls_sextant(4), T5 = first_of_hls_sextant(5);
+    static_assert(0 < T1 && T1 < T2 && T2 < T3 && T3 < T4 && T4 < T5 && T5 < 255, "six sextants");
+    const Mask c1 = ge8<T1>(H), c2 = ge8<T2>(H), c3 = ge8<T3>(H), c4 = ge8<T4>(H), c5 = ge8<T5>(H);
+    const I8 sextant = count_in(count_in(count_in(count_in(count_in(_mm256_setzero_si256(), c1), c2), c3), c4), c5);
+    const F8 tc1 = _mm256_load_ps(kHlsRamp.c1), tc2 = _mm256_load_ps(kHlsRamp.c2), tks = _mm256_load_ps(kHlsRamp.ks);
+    I8 hi[4], lo[4], ramp[4];
+    for (int k = 0; k < 4; ++k) {
+        const I8 i = shuf(sextant, kMasks.widen[k]);
+        const F8 h = _mm256_mul_ps(widen_f(H, k), ps(kHlsHueIn));
+        const F8 a = _mm256_add_ps(_mm256_add_ps(h, _mm256_permutevar8x32_ps(tc1, i)), _mm256_permutevar8x32_ps(tc2, i));
+        const F8 fa = _mm256_mul_ps(a, _mm256_permutevar8x32_ps(tks, i));
+        const F8 l = _mm256_mul_ps(widen_f(L, k), ps(kHlsUnit)), s = _mm256_mul_ps(widen_f(S, k), ps(kHlsUnit));
+        const F8 m2 = self(le_f(l, ps(0.5f)), _mm256_mul_ps(l, _mm256_add_ps(ps(1.0f), s)),
+                           _mm256_sub_ps(_mm256_add_ps(l, s), _mm256_mul_ps(l, s)));
+        const F8 m1 = _mm256_sub_ps(_mm256_mul_ps(ps(2.0f), l), m2);
+        const F8 x = _mm256_add_ps(_mm256_mul_ps(fa, _mm256_sub_ps(m2, m1)), m1);
+        hi[k] = _mm256_cvttps_epi32(_mm256_mul_ps(m2, ps(255.0f)));
+        lo[k] = _mm256_cvttps_epi32(_mm256_mul_ps(m1, ps(255.0f)));
+        ramp[k] = _mm256_cvttps_epi32(_mm256_mul_ps(x, ps(255.0f)));
+    }
+    const I8 M2 = narrow(hi), M1 = narrow(lo), X = narrow(ramp);
+    r = sel8(c2, sel8(c4, sel8(c5, M2, X), M1), sel8(c1, X, M2));
+    g = sel8(c4, M1, sel8(c3, X, sel8(c1, M2, X)));
+    b = sel8(c2, sel8(c3, sel8(c5, X, M2), X), M1);
 }
 
 // ---- rows ----

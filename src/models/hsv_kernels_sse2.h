@@ -182,12 +182,14 @@ inline Row8 hsv_to_rgb_8u_row() {
 template <class S, class D>
 inline Row8 rgb_to_hls_8u_row() {
     return nmq::pick(Kernels<Row8>{innerRGBToHLS_8u<S, D>, innerRGBToHLS_8u_sse2<S, D>,
-                                   hsv_avx2<S, D>(innerRGBToHLS_8u_avx2<Rgb3, Rgb3>)});
+                                   hsv_avx2<S, D>(innerRGBToHLS_8u_avx2<Rgb3, Rgb3>), nullptr, nullptr,
+                                   hsv_avx2<S, D>(innerRGBToHLS_8u_avx512<Rgb3, Rgb3>)});
 }
 template <class S, class D>
 inline Row8 hls_to_rgb_8u_row() {
     return nmq::pick(Kernels<Row8>{innerHLSToRGB_8u<S, D>, innerHLSToRGB_8u_sse2<S, D>,
-                                   hsv_avx2<S, D>(innerHLSToRGB_8u_avx2<Rgb3, Rgb3>)});
+                                   hsv_avx2<S, D>(innerHLSToRGB_8u_avx2<Rgb3, Rgb3>), nullptr, nullptr,
+                                   hsv_avx2<S, D>(innerHLSToRGB_8u_avx512<Rgb3, Rgb3>)});
 }
 
 }  // namespace nmq::hsv
