@@ -51,7 +51,20 @@ using M = __mmask64;
 constexpr ptrdiff_t kZ = 64;  // pixels per block
 
 inline Z ld(const uint8_t* p) { return _mm512_loadu_si512(p); }
-inline Z c16(int v) { return _mm512_set1_epi16(short(v)); }
+// A 16-bit constant, set as a 32-bit one: GCC then takes it from memory as a
+// broadcast operand instead of building it in the loop from a general register.
+inline Z c16(int v) { return _mm512_set1_epi32(int32_t(uint32_t(uint16_t(v)) * 0x10001u)); }
+
+// A byte-shuffle pattern repeated in the four lanes, as a constant in memory.
+struct alignas(64) Lanes {
+    int8_t b[64];
+};
+constexpr Lanes lanes(const int8_t (&m)[16]) {
+    Lanes l{};
+    for (int i = 0; i < 64; ++i) l.b[i] = m[i % 16];
+    return l;
+}
+inline Z ld(const Lanes& l) { return _mm512_load_si512(l.b); }
 
 // The first k bits (k may be below 0 or above 64).
 inline M first(ptrdiff_t k) { return k <= 0 ? M(0) : k >= 64 ? ~M(0) : (M(1) << k) - 1; }
@@ -138,7 +151,8 @@ NMQ_INLINE void pixels(Z ye, Z yo, const Chroma<I>& c, uint8_t* p, ptrdiff_t m) 
     } else {
         // Each lane's four pixels to its first twelve bytes, then the lanes
         // closed up: output vector r takes dwords 16r..16r+15 of the 48.
-        const Z pack = _mm512_broadcast_i32x4(_mm_setr_epi8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1));
+        static constexpr Lanes kPack = lanes({0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1});
+        const Z pack = ld(kPack);
         Z q[4];
         for (int j = 0; j < 4; ++j) q[j] = _mm512_shuffle_epi8(px[j], pack);
         // Dword e (0..11) of a block of 16 pixels sits at 4 * (e / 3) + e % 3.
@@ -203,10 +217,8 @@ struct PairBytes<Order::CbYCr> {
 };
 
 // Per lane of four pairs: the bytes a, then the bytes b, each widened to a word.
-inline Z split_pairs(int a, int b) {
-    return _mm512_broadcast_i32x4(_mm_setr_epi8(char(a), -1, char(a + 4), -1, char(a + 8), -1, char(a + 12), -1, char(b), -1,
-                                                char(b + 4), -1, char(b + 8), -1, char(b + 12), -1));
-}
+template <int A, int B>
+constexpr Lanes kSplit = lanes({A, -1, A + 4, -1, A + 8, -1, A + 12, -1, B, -1, B + 4, -1, B + 8, -1, B + 12, -1});
 
 // 64 pixels of a packed 4:2:2 row from pixel x (m of them in a tail block).
 // Each vector of 16 pairs is permuted so that the in-lane split and the
@@ -215,7 +227,7 @@ template <class I, Order O, bool Bgr, int DS, bool Tail>
 NMQ_INLINE void block422(const uint8_t* q, const RgbOut& o, ptrdiff_t x, ptrdiff_t m) {
     using P = PairBytes<O>;
     const Z order = _mm512_setr_epi32(0, 1, 8, 9, 2, 3, 10, 11, 4, 5, 12, 13, 6, 7, 14, 15);
-    const Z sy = split_pairs(P::y0, P::y1), sc = split_pairs(P::cb, P::cr);
+    const Z sy = ld(kSplit<P::y0, P::y1>), sc = ld(kSplit<P::cb, P::cr>);
     Z ys[2], cs[2];
     for (int h = 0; h < 2; ++h) {
         const uint8_t* p = q + 2 * x + 64 * h;
