@@ -7,7 +7,8 @@
 // the chunk into 8-bit R, G, B planes on the stack, exactly the bytes of the
 // matching 8-bit conversion, and a packing kernel reduces them to words. At
 // AVX2 the YCbCr 4:2:0 outputs form the words of whole 32-pixel blocks in
-// registers first (packed16_avx2.cpp); the chunks finish the row pair.
+// registers first (packed16_avx2.cpp); the chunks finish the row pair. At
+// AVX-512 the registers take the whole pair (packed16_avx512.cpp).
 #include "nmqcc.h"
 #include "yuv/packed16_kernels.h"
 #include "yuv/ycbcr_drivers.h"
@@ -179,9 +180,10 @@ NmqStatus ycc420_p3(const Nmq8u* const src[3], const int srcStep[3], Nmq16u* dst
     if (bad_size(roi)) return nmqStsSize;
     if (null3(src)) return nmqStsNullPtr;
     const ycc::Inv420Fn inv = pick<ycc::Inv420Fn>(ycc::inv420_rows<ycc::Inv601Sub>, s2::inv420<ycc::Inv601Sub, false, 1>);
-    // At AVX2 the fused kernel forms the words of whole 32-pixel blocks; the
-    // chunks below finish each pair.
-    const p16::Pack420Fn fused = pick(Kernels<p16::Pack420Fn>{nullptr, nullptr, p16::avx2::ycc420_blocks<P, D>});
+    // At AVX2 the fused kernel forms the words of whole 32-pixel blocks and
+    // the chunks below finish each pair; at AVX-512 it converts whole pairs.
+    const p16::Pack420Fn fused = pick(Kernels<p16::Pack420Fn>{nullptr, nullptr, p16::avx2::ycc420_blocks<P, D>, nullptr,
+                                                              nullptr, p16::avx512::ycc420_blocks<P, D>});
     const ycc::Y420In view = ycc::y420_planes_in(src, srcStep, false);
     return each_pair<P, D>(
         dst, dstStep, roi, bgr,

@@ -123,7 +123,7 @@ using PackFn = void (*)(const RgbIn&, uint16_t*, int, int, int, bool);
 template <Pk P, Dz D, int SS>
 void pack_row_sse2(const RgbIn& in, uint16_t* dst, int n, int x0, int y, bool bgr);
 
-// ---- YCbCr 4:2:0, fused (AVX2) ----------------------------------------------------
+// ---- YCbCr 4:2:0, fused (AVX2, AVX-512) ----------------------------------------------------
 
 namespace avx2 {
 // Words of rows y and y + 1 (ROI rows) from 4:2:0 planes (in.cs 1): blocks
@@ -134,6 +134,12 @@ namespace avx2 {
 template <Pk P, Dz D>
 int ycc420_blocks(const ycc::Ycc420In& in, uint16_t* o0, uint16_t* o1, int x0, int w, int y, bool bgr);
 }  // namespace avx2
+namespace avx512 {
+// The same on 64 pixels per step, the row tail masked: returns w (x0 when the
+// input is not planar). Built for AVX-512 (packed16_avx512.cpp).
+template <Pk P, Dz D>
+int ycc420_blocks(const ycc::Ycc420In& in, uint16_t* o0, uint16_t* o1, int x0, int w, int y, bool bgr);
+}  // namespace avx512
 using Pack420Fn = int (*)(const ycc::Ycc420In&, uint16_t*, uint16_t*, int, int, int, bool);
 
 // ---- widening ----------------------------------------------------------------
