@@ -37,12 +37,10 @@
 #include <utility>
 
 #include "yuv/ycbcr_avx2.h"
-#include "yuv/ycbcr_avx2_split.h"
 
 namespace nmq::ycc::avx512 {
 namespace {
 
-using avx2::Ops512;
 using Z = __m512i;
 using M = __mmask64;
 
