@@ -1,9 +1,11 @@
-// AVX2 forms of the C3 XYZ kernels: the arithmetic of the SSE2 forms
-// (xyz_kernels_sse2.cpp) on twice the lanes, so the bytes are the same; the
-// rest of a row goes to the SSE2 form.
+// AVX2 forms of the C3 XYZ kernels: the sums of the SSE2 forms
+// (xyz_kernels_sse2.cpp), exact in integers or in the same float order, so
+// the bytes are the same; the rest of a row goes to the SSE2 form.
 //
-// 8u: 32 pixels per step, eight per group of 32-bit lanes, each sample as the
-// pair (128 x, x) multiplied with the split coefficient (c >> 7, c & 127).
+// 8u: 32 pixels per step, eight per group of 32-bit lanes. The inverse takes
+// each sample as the pair (128 x, x) multiplied with the split coefficient
+// (c >> 7, c & 127), as the SSE2 form does; the forward matrix, all positive,
+// takes two samples per multiply-add (forward_rows_c3).
 // 32f: eight pixels per step, pixels 0-3 in the low lane and 4-7 in the high
 // one, shuffled lane by lane as the SSE2 form shuffles four pixels.
 #include <immintrin.h>
@@ -41,9 +43,10 @@ inline I8 narrow(const I8 g[4]) {
     return _mm256_permutevar8x32_epi32(b, _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7));
 }
 
-template <bool Forward>
-void fixed_rows_c3(const uint8_t* src, uint8_t* dst, int width) {
-    const FixedMatrix m(Forward ? RGBToXYZ_8u : XYZToRGB_8u);
+// The inverse, whose coefficients reach 212368 and change sign: one
+// multiply-add per sample and output, on the split coefficients.
+void inverse_rows_c3(const uint8_t* src, uint8_t* dst, int width) {
+    const FixedMatrix m(XYZToRGB_8u);
     int x = 0;
     for (; x + 32 <= width; x += 32) {
         I8 c[3];
@@ -61,8 +64,97 @@ void fixed_rows_c3(const uint8_t* src, uint8_t* dst, int width) {
         const I8 out[3] = {narrow(o[0]), narrow(o[1]), narrow(o[2])};
         px256::store3x32(dst + 3 * x, out);
     }
-    if (Forward) innerRGBToXYZ_8u_C3R_sse2<3>(src + 3 * x, dst + 3 * x, width - x);
-    else innerXYZToRGB_8u_C3R_sse2<3>(src + 3 * x, dst + 3 * x, width - x);
+    innerXYZToRGB_8u_C3R_sse2<3>(src + 3 * x, dst + 3 * x, width - x);
+}
+
+// The forward 8u matrix has only positive coefficients and sums below 2^25,
+// so each output is two multiply-adds on pairs of samples, (R, G) and
+// (B, G) as 16-bit halves of a 32-bit lane: the coefficients of 16 bits or
+// more are split over the two halves (Y's G as twice 23434, both products
+// exact) or doubled after the product (Z's B as 31137, then a shift). The
+// sums are the scalar ones exactly.
+struct ForwardPairs {
+    // Lane constants (low half, high half): (R, G) and (B, G) factors.
+    int32_t rg[3], bg[3];
+};
+constexpr int32_t lane(int32_t lo, int32_t hi) { return int32_t(uint32_t(hi) << 16 | uint32_t(lo)); }
+constexpr const int32_t* kF = RGBToXYZ_8u;
+static_assert(kF[0] < 32768 && kF[3] < 32768 && kF[6] < 32768, "X in one product per sample");
+static_assert(kF[1] < 32768 && kF[4] % 2 == 0 && kF[4] / 2 < 32768 && kF[7] < 32768, "Y: G split in two");
+static_assert(kF[2] < 32768 && kF[5] < 32768 && kF[8] % 2 == 0 && kF[8] / 2 < 32768, "Z: B doubled");
+constexpr ForwardPairs kPairs{{lane(kF[0], kF[3]), lane(kF[1], kF[4] / 2), lane(kF[2], kF[5])},
+                              {lane(kF[6], 0), lane(kF[7], kF[4] / 2), lane(kF[8] / 2, 0)}};
+
+// Bytes a and b of 32 pixels as 32-bit lanes (a, b), group k holding pixels
+// 4k..4k+3 of each 128-bit lane.
+inline void pair_groups(I8 a, I8 b, I8 out[4]) {
+    const I8 z = _mm256_setzero_si256();
+    const I8 lo = _mm256_unpacklo_epi8(a, b), hi = _mm256_unpackhi_epi8(a, b);
+    out[0] = _mm256_unpacklo_epi8(lo, z);
+    out[1] = _mm256_unpackhi_epi8(lo, z);
+    out[2] = _mm256_unpacklo_epi8(hi, z);
+    out[3] = _mm256_unpackhi_epi8(hi, z);
+}
+
+// The upper halves (s >> 16) of groups k and k + 1 side by side as 16-bit
+// words: pixel j of group k in word 2j, of group k + 1 in word 2j + 1.
+inline I8 upper_words(I8 a, I8 b) { return _mm256_blend_epi16(_mm256_srli_epi32(a, 16), b, 0xAA); }
+
+// The packed result holds pixel q of each 128-bit lane (16 pixels) in byte
+// pos_of_pixel(q) of that lane (0, 4, 1, 5, 2, 6, 3, 7, then 8..15 alike);
+// the store's masks take each pixel from there.
+constexpr int pos_of_pixel(int q) { return (q & 8) + 2 * (q & 3) + ((q >> 2) & 1); }
+struct ScatterMasks {
+    alignas(32) int8_t m[3][3][32];
+    constexpr ScatterMasks() : m() {
+        for (int r = 0; r < 3; ++r)
+            for (int ch = 0; ch < 3; ++ch)
+                for (int j = 0; j < 32; ++j) {
+                    const int o = 16 * r + j % 16;
+                    m[r][ch][j] = int8_t(o % 3 == ch ? pos_of_pixel(o / 3) : 0x80);
+                }
+    }
+};
+inline constexpr ScatterMasks kScatter{};
+
+inline I8 scatter(I8 v, const int8_t (&m)[32]) {
+    return _mm256_shuffle_epi8(v, _mm256_load_si256(reinterpret_cast<const __m256i*>(m)));
+}
+
+inline void store3_packed(uint8_t* q, const I8 c[3]) {
+    I8 out[3];
+    for (int r = 0; r < 3; ++r)
+        out[r] = _mm256_or_si256(_mm256_or_si256(scatter(c[0], kScatter.m[r][0]), scatter(c[1], kScatter.m[r][1])),
+                                 scatter(c[2], kScatter.m[r][2]));
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(q), _mm256_permute2x128_si256(out[0], out[1], 0x20));
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(q + 32), _mm256_permute2x128_si256(out[2], out[0], 0x30));
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(q + 64), _mm256_permute2x128_si256(out[1], out[2], 0x31));
+}
+
+void forward_rows_c3(const uint8_t* src, uint8_t* dst, int width) {
+    const I8 rg[3] = {_mm256_set1_epi32(kPairs.rg[0]), _mm256_set1_epi32(kPairs.rg[1]), _mm256_set1_epi32(kPairs.rg[2])};
+    const I8 bg[3] = {_mm256_set1_epi32(kPairs.bg[0]), _mm256_set1_epi32(kPairs.bg[1]), _mm256_set1_epi32(kPairs.bg[2])};
+    int x = 0;
+    for (; x + 32 <= width; x += 32) {
+        I8 c[3];
+        px256::load3x32(src + 3 * x, c);
+        I8 prg[4], pbg[4];
+        pair_groups(c[0], c[1], prg);
+        pair_groups(c[2], c[1], pbg);
+        I8 out[3];
+        for (int k = 0; k < 3; ++k) {
+            I8 sum[4];
+            for (int j = 0; j < 4; ++j) {
+                I8 b = _mm256_madd_epi16(pbg[j], bg[k]);
+                if (k == 2) b = _mm256_slli_epi32(b, 1);
+                sum[j] = _mm256_add_epi32(_mm256_madd_epi16(prg[j], rg[k]), b);
+            }
+            // Z above 255 saturates to 255 in the unsigned pack.
+            out[k] = _mm256_packus_epi16(upper_words(sum[0], sum[1]), upper_words(sum[2], sum[3]));
+        }
+        store3_packed(dst + 3 * x, out);
+    }
+    innerRGBToXYZ_8u_C3R_sse2<3>(src + 3 * x, dst + 3 * x, width - x);
 }
 
 // ---- 32f ------------------------------------------------------------------------
@@ -155,8 +247,8 @@ void float_rows_c3(const float* src, float* dst, int width) {
 
 }  // namespace
 
-void innerRGBToXYZ_8u_C3R_avx2(const uint8_t* src, uint8_t* dst, int width) { fixed_rows_c3<true>(src, dst, width); }
-void innerXYZToRGB_8u_C3R_avx2(const uint8_t* src, uint8_t* dst, int width) { fixed_rows_c3<false>(src, dst, width); }
+void innerRGBToXYZ_8u_C3R_avx2(const uint8_t* src, uint8_t* dst, int width) { forward_rows_c3(src, dst, width); }
+void innerXYZToRGB_8u_C3R_avx2(const uint8_t* src, uint8_t* dst, int width) { inverse_rows_c3(src, dst, width); }
 void innerRGBToXYZ_32f_C3R_avx2(const float* src, float* dst, int width) {
     float_rows_c3<true, false>(src, dst, width);
 }
