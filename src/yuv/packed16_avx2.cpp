@@ -27,9 +27,9 @@ using V = __m256i;
 // column x0 + 8k: one vector serves the whole row.
 template <int Bits>
 V thresholds(int x0, int y) {
-    alignas(32) int16_t t[16];
-    for (int k = 0; k < 16; ++k) t[k] = Levels<Bits>::T[y & 3][(x0 + k) & 3];
-    return _mm256_load_si256(reinterpret_cast<const V*>(t));
+    const int16_t* t = Levels<Bits>::T[y & 3];  // period 4: one 64-bit pattern, broadcast
+    const auto at = [&](int k) { return uint64_t(uint16_t(t[(x0 + k) & 3])) << (16 * k); };
+    return _mm256_set1_epi64x(int64_t(at(0) | at(1) | at(2) | at(3)));
 }
 
 // The multipliers of the dither. F is kept opaque to the compiler: left

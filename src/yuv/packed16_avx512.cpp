@@ -46,11 +46,13 @@ NMQ_INLINE M first(ptrdiff_t k) { return k >= 64 ? ~M(0) : (M(1) << k) - 1; }
 // Thresholds of the 32 even (Odd false) or odd pixels of a block starting at
 // column x0: lane i is pixel x0 + 2i (+ 1). Blocks start 64 columns apart,
 // so one vector serves the row.
+// The matrix has period 4, so the lanes alternate between two values: one
+// broadcast pair, no table built per call (small images make many calls).
 template <int Bits>
 Z thresholds(int x0, int y, bool odd) {
-    alignas(64) int16_t t[32];
-    for (int i = 0; i < 32; ++i) t[i] = Levels<Bits>::T[y & 3][(x0 + 2 * i + (odd ? 1 : 0)) & 3];
-    return _mm512_load_si512(t);
+    const int c = x0 + (odd ? 1 : 0);
+    const uint16_t a = uint16_t(Levels<Bits>::T[y & 3][c & 3]), b = uint16_t(Levels<Bits>::T[y & 3][(c + 2) & 3]);
+    return _mm512_set1_epi32(int32_t(uint32_t(a) | uint32_t(b) << 16));
 }
 
 // The multipliers of the dither. F is kept opaque to the compiler, which
@@ -120,17 +122,18 @@ NMQ_INLINE Z words(Z lo, Z g, Z hi, Z to, Z tm, const Mul<Layout<P>::outer>& mo,
 
 // Word permutes that interleave the even and odd words of 64 pixels: pixels
 // 0-31 and 32-63.
-struct Merge {
-    Z a, b;
-    Merge() {
-        alignas(64) int16_t i0[32], i1[32];
+struct MergeIdx {
+    alignas(64) int16_t i0[32], i1[32];
+    constexpr MergeIdx() : i0(), i1() {
         for (int j = 0; j < 32; ++j) {
             i0[j] = int16_t((j & 1) * 32 + j / 2);
             i1[j] = int16_t(i0[j] + 16);
         }
-        a = _mm512_load_si512(i0);
-        b = _mm512_load_si512(i1);
     }
+};
+constexpr MergeIdx kMergeIdx{};
+struct Merge {
+    Z a = _mm512_load_si512(kMergeIdx.i0), b = _mm512_load_si512(kMergeIdx.i1);
 };
 
 template <class S>
