@@ -4,12 +4,14 @@
 #include "nmqcc.h"
 #include "yuv/ycbcr_drivers.h"
 #include "yuv/ycbcr_avx2.h"
+#include "yuv/ycbcr_inv_avx2.h"
 #include "yuv/ycbcr_sse2.h"
 
 using namespace nmq;
 using namespace nmq::ycc;
 namespace s2 = nmq::ycc::sse2;
 namespace a2 = nmq::ycc::avx2;
+namespace a2p = nmq::ycc::avx2pairs;
 
 namespace {
 
@@ -26,12 +28,15 @@ Fwd420Fn fwd420k() {
 template <Order O, bool Bgr, int DS>
 Inv422Fn inv422k() {
     Kernels<Inv422Fn> k{inv422_row<Inv601Sub>, s2::inv422<Inv601Sub, O, Bgr, DS>, a2::inv422<Inv601Sub, O, Bgr, DS>};
-    if constexpr (DS != 1) k.avx512 = avx512::inv422<Inv601Sub, O, Bgr, DS>;  // planes stay at AVX2
+    if constexpr (DS != 1) {  // planes stay at the older AVX2 kernel
+        k.avx2 = a2p::inv422<Inv601Sub, O, Bgr, DS>;
+        k.avx512 = avx512::inv422<Inv601Sub, O, Bgr, DS>;
+    }
     return pick(k);
 }
 template <bool Bgr, int DS>
 Inv420Fn inv420k() {
-    Kernels<Inv420Fn> k{inv420_rows<Inv601Sub>, s2::inv420<Inv601Sub, Bgr, DS>, a2::inv420<Inv601Sub, Bgr, DS>};
+    Kernels<Inv420Fn> k{inv420_rows<Inv601Sub>, s2::inv420<Inv601Sub, Bgr, DS>, a2p::inv420<Inv601Sub, Bgr, DS>};
     k.avx512 = avx512::inv420<Inv601Sub, Bgr, DS>;
     return pick(k);
 }
