@@ -15,14 +15,14 @@
 // Three-byte pixels: lane k holds pixels 16k..16k+15 in order, each lane's
 // bytes are placed by byte shuffles and the lanes joined by 128-bit moves.
 //
-// The arithmetic is that of InvSplit601x (ycbcr_avx2_split.h). Blocks stop at
+// The arithmetic is that of InvSplit601x (ycbcr_avx2_split.h), written out
+// here with its constants in memory. Blocks stop at
 // the last whole one inside the row; nothing here calls the inline kernels of
 // the headers (see ycbcr_avx2.h).
 #include <immintrin.h>
 
 #include <utility>
 
-#include "yuv/ycbcr_avx2_split.h"
 #include "yuv/ycbcr_inv_avx2.h"
 
 namespace nmq::ycc::avx2pairs {
@@ -41,7 +41,6 @@ inline V ld2(const uint8_t* a, const uint8_t* b) {
     return _mm256_inserti128_si256(_mm256_castsi128_si256(ld16(a)), ld16(b), 1);
 }
 inline void st32(uint8_t* p, V v) { _mm256_storeu_si256(reinterpret_cast<V*>(p), v); }
-inline V c16(int v) { return _mm256_set1_epi16(int16_t(v)); }
 
 // A byte-shuffle pattern for both lanes, as a constant in memory.
 struct alignas(32) Lanes {
@@ -87,17 +86,95 @@ constexpr Split422 kSplit422 = O == Order::YCbCr   ? Split422(0, 2, 1, 3)
 template <Order O>
 constexpr int kY0 = O == Order::CbYCr ? 1 : 0;
 
+// Constants in memory, read through a pointer the compiler cannot see
+// through: otherwise it rebuilds them inside the loops from general registers
+// on the shuffle unit once the vector registers run out.
+struct alignas(32) C16 {
+    int16_t e[16];
+};
+constexpr C16 rep16(int v) {
+    C16 c{};
+    for (int i = 0; i < 16; ++i) c.e[i] = int16_t(v);
+    return c;
+}
+constexpr C16 rep32(int v) {  // a 32-bit value in each dword
+    C16 c{};
+    for (int i = 0; i < 16; ++i) c.e[i] = int16_t(uint16_t(uint32_t(v) >> (16 * (i % 2))));
+    return c;
+}
+inline V ld(const C16& c) { return _mm256_load_si256(reinterpret_cast<const V*>(c.e)); }
+
+// The split of InvSplit601x (ycbcr_avx2_split.h): a chroma term is h * 65536
+// plus a low half l; t = 65535 - l, biased by 0x8000 for a signed comparison
+// with the low half of the luma part (biased the same way), tells where the
+// low halves carry.
 template <class I>
-using Split = typename avx2::SplitX<avx2::Ops256, I>::type;
+struct Tab;
+template <int KR, int KG, int KB>
+struct Tab<Inv601<KR, KG, KB>> {
+    static constexpr int lo(int k) { return k & 0xFFFF; }
+    static constexpr int hi(int k) { return (k - lo(k)) / 65536; }
+    static constexpr int WR = 104595 - 65536, WB = 132186 - 131072;
+    C16 low = rep16(0xFF), wy = rep16(10748), sign = rep16(-32768);
+    C16 r_neg = rep16(-WR), r_k = rep16(32767 - lo(KR)), r_w = rep16(WR), r_hi = rep16(hi(KR));
+    C16 b_neg = rep16(-WB), b_k = rep16(32767 - lo(KB)), b_w = rep16(WB), b_hi = rep16(hi(KB));
+    C16 g_w = rep32(int32_t(uint32_t(uint16_t(-25690)) | uint32_t(12255) << 16)), g_k = rep32(KG);
+    C16 g_cb = rep16(25690), g_cr = rep16(-12255), g_t = rep16(32767 - lo(KG));
+};
+template <class I>
+constexpr Tab<I> kTab{};
+
+template <class I>
+inline const Tab<I>* tab() {
+    const Tab<I>* t = &kTab<I>;
+    asm("" : "+r"(t));
+    return t;
+}
+
+struct Terms {
+    V h[3], t[3];
+};
+
+template <class I>
+NMQ_INLINE Terms terms(const Tab<I>& k, V cb, V cr) {
+    Terms o;
+    const auto one = [&](V c, V& h, V& t, const C16& neg, const C16& kk, const C16& w, const C16& hk, bool twice) {
+        const V kv = ld(kk);
+        t = _mm256_add_epi16(_mm256_mullo_epi16(c, ld(neg)), kv);
+        const V mc = twice ? _mm256_add_epi16(c, c) : c;
+        const V s = _mm256_add_epi16(_mm256_add_epi16(_mm256_mulhi_epu16(c, ld(w)), mc), ld(hk));
+        h = _mm256_sub_epi16(s, _mm256_cmpgt_epi16(t, kv));
+    };
+    one(cr, o.h[0], o.t[0], k.r_neg, k.r_k, k.r_w, k.r_hi, false);
+    one(cb, o.h[2], o.t[2], k.b_neg, k.b_k, k.b_w, k.b_hi, true);
+    const V w = ld(k.g_w), kg = ld(k.g_k);
+    const V l = _mm256_add_epi32(_mm256_madd_epi16(_mm256_unpacklo_epi16(cb, cr), w), kg);
+    const V u = _mm256_add_epi32(_mm256_madd_epi16(_mm256_unpackhi_epi16(cb, cr), w), kg);
+    o.h[1] = _mm256_sub_epi16(_mm256_packs_epi32(_mm256_srai_epi32(l, 16), _mm256_srai_epi32(u, 16)), cr);
+    o.t[1] = _mm256_add_epi16(_mm256_add_epi16(_mm256_mullo_epi16(cb, ld(k.g_cb)), _mm256_mullo_epi16(cr, ld(k.g_cr))),
+                              ld(k.g_t));
+    return o;
+}
+
+// R, G, B before the clamp (16-bit lanes) of the luma words y (0..255).
+template <class I>
+NMQ_INLINE void apply(const Tab<I>& k, V y, const Terms& c, V& R, V& G, V& B) {
+    const V w = ld(k.wy);
+    const V yy = _mm256_add_epi16(y, _mm256_mulhi_epu16(y, w));
+    const V yl = _mm256_xor_si256(_mm256_mullo_epi16(y, w), ld(k.sign));
+    V o[3];
+    for (int i = 0; i < 3; ++i) o[i] = _mm256_sub_epi16(_mm256_add_epi16(yy, c.h[i]), _mm256_cmpgt_epi16(yl, c.t[i]));
+    R = o[0], G = o[1], B = o[2];
+}
 
 // Even and odd pixels of 16 pairs (luma in 16-bit lanes) with the terms of
 // their samples to the row at p: pairs 8j+4k.. in transposed order for
 // DS = 4, pairs 8k..8k+7 of lane k for DS = 3.
 template <class I, bool Bgr, int DS>
-NMQ_INLINE void pixels(V ye, V yo, const typename Split<I>::Terms& c, uint8_t* p) {
+NMQ_INLINE void pixels(const Tab<I>& k, V ye, V yo, const Terms& c, uint8_t* p) {
     V R0, G0, B0, R1, G1, B1;
-    Split<I>::apply(ye, c, R0, G0, B0);
-    Split<I>::apply(yo, c, R1, G1, B1);
+    apply(k, ye, c, R0, G0, B0);
+    apply(k, yo, c, R1, G1, B1);
     if constexpr (Bgr) {
         std::swap(R0, B0);
         std::swap(R1, B1);
@@ -127,50 +204,55 @@ NMQ_INLINE void pixels(V ye, V yo, const typename Split<I>::Terms& c, uint8_t* p
     }
 }
 
-template <bool Bgr, int DS>
-inline uint8_t* start(const RgbOut& o, ptrdiff_t x) { return (Bgr ? o.b : o.r) + x * DS; }
-
-// 32 pixels of both rows from x; CS: the chroma step of the source.
+// 32 pixels of both rows from x; CS: the chroma step of the source (c: the
+// first chroma plane in memory for CS = 2).
 template <class I, bool Bgr, int DS, int CS>
-NMQ_INLINE void block420(const Ycc420In& in, const RgbOut& o0, const RgbOut& o1, ptrdiff_t x) {
+NMQ_INLINE void block420(const Tab<I>& k, const uint8_t* y0, const uint8_t* y1, const uint8_t* cb_, const uint8_t* cr_,
+                         bool cr_first, uint8_t* p0, uint8_t* p1) {
     constexpr bool T = DS == 4;
     V cb, cr;
     if constexpr (CS == 2) {  // (Cb, Cr) words, in the order of the luma words
-        const bool cr_first = in.cr < in.cb;
-        const V v0 = ld32((cr_first ? in.cr : in.cb) + x), v = T ? transpose_dwords(v0) : v0;
-        const V a = _mm256_and_si256(v, c16(0xFF)), b = _mm256_srli_epi16(v, 8);
+        const V v0 = ld32(cb_), v = T ? transpose_dwords(v0) : v0;
+        const V a = _mm256_and_si256(v, ld(k.low)), b = _mm256_srli_epi16(v, 8);
         cb = cr_first ? b : a;
         cr = cr_first ? a : b;
     } else {
-        cb = _mm256_cvtepu8_epi16(ld16(in.cb + x / 2));
-        cr = _mm256_cvtepu8_epi16(ld16(in.cr + x / 2));
+        cb = _mm256_cvtepu8_epi16(ld16(cb_));
+        cr = _mm256_cvtepu8_epi16(ld16(cr_));
         if constexpr (T) {
             cb = transpose_dwords(cb);
             cr = transpose_dwords(cr);
         }
     }
-    const typename Split<I>::Terms c = Split<I>::terms(cb, cr);
+    const Terms c = terms(k, cb, cr);
     for (int r = 0; r < 2; ++r) {
-        const V y0 = ld32((r ? in.y1 : in.y0) + x), y = T ? transpose_dwords(y0) : y0;
-        pixels<I, Bgr, DS>(_mm256_and_si256(y, c16(0xFF)), _mm256_srli_epi16(y, 8), c, start<Bgr, DS>(r ? o1 : o0, x));
+        const V v = ld32(r ? y1 : y0), y = T ? transpose_dwords(v) : v;
+        pixels<I, Bgr, DS>(k, _mm256_and_si256(y, ld(k.low)), _mm256_srli_epi16(y, 8), c, r ? p1 : p0);
     }
 }
 
 template <class I, bool Bgr, int DS, int CS>
-ptrdiff_t rows420(const Ycc420In& in, const RgbOut& o0, const RgbOut& o1, ptrdiff_t x, int w) {
-    for (; x + kB <= w; x += kB) block420<I, Bgr, DS, CS>(in, o0, o1, x);
+ptrdiff_t rows420(const Ycc420In& in, const RgbOut& o0, const RgbOut& o1, ptrdiff_t x, ptrdiff_t w) {
+    const Tab<I>& k = *tab<I>();
+    const uint8_t *y0 = in.y0 + x, *y1 = in.y1 + x;
+    const bool cr_first = in.cr < in.cb;
+    const uint8_t *cb = (CS == 2 ? (cr_first ? in.cr : in.cb) + x : in.cb + x / 2), *cr = in.cr + x / 2;
+    uint8_t *p0 = (Bgr ? o0.b : o0.r) + x * DS, *p1 = (Bgr ? o1.b : o1.r) + x * DS;
+    for (; x + kB <= w; x += kB) {
+        block420<I, Bgr, DS, CS>(k, y0, y1, cb, cr, cr_first, p0, p1);
+        y0 += kB, y1 += kB, cb += kB / 2 * CS, cr += kB / 2, p0 += kB * DS, p1 += kB * DS;
+    }
     return x;
 }
 
-// 32 pixels of a packed 4:2:2 row from pixel x (q: the row's first pair).
-// Each pair is a dword; one byte shuffle per vector of 8 pairs gathers the
-// luma words and the chroma words of a lane's four pairs into its two
-// halves, and the halves of the two vectors are joined. For the transposed
-// order the qwords (pairs 2i, 2i+1) of each vector are first put in the order
-// 0, 2, 1, 3; for three-byte pixels the loads pick the lanes' pairs instead.
+// 32 pixels of a packed 4:2:2 row from p. Each pair is a dword; one byte
+// shuffle per vector of 8 pairs gathers the luma words and the chroma words of
+// a lane's four pairs into its two halves, and the halves of the two vectors
+// are joined. For the transposed order the qwords (pairs 2i, 2i+1) of each
+// vector are first put in the order 0, 2, 1, 3; for three-byte pixels the
+// loads pick the lanes' pairs instead.
 template <class I, Order O, bool Bgr, int DS>
-NMQ_INLINE void block422(const uint8_t* q, const RgbOut& o, ptrdiff_t x) {
-    const uint8_t* p = q + 2 * x;
+NMQ_INLINE void block422(const Tab<I>& k, const uint8_t* p, uint8_t* out) {
     const V split = ld(kSplit422<O>.m);
     V v0, v1;
     if constexpr (DS == 4) {
@@ -181,9 +263,9 @@ NMQ_INLINE void block422(const uint8_t* q, const RgbOut& o, ptrdiff_t x) {
         v1 = ld2(p + 16, p + 48);
     }
     const V s0 = _mm256_shuffle_epi8(v0, split), s1 = _mm256_shuffle_epi8(v1, split);
-    const V y = _mm256_unpacklo_epi64(s0, s1), cw = _mm256_unpackhi_epi64(s0, s1);
-    const typename Split<I>::Terms c = Split<I>::terms(_mm256_and_si256(cw, c16(0xFF)), _mm256_srli_epi16(cw, 8));
-    pixels<I, Bgr, DS>(_mm256_and_si256(y, c16(0xFF)), _mm256_srli_epi16(y, 8), c, start<Bgr, DS>(o, x));
+    const V y = _mm256_unpacklo_epi64(s0, s1), cw = _mm256_unpackhi_epi64(s0, s1), low = ld(k.low);
+    const Terms c = terms(k, _mm256_and_si256(cw, low), _mm256_srli_epi16(cw, 8));
+    pixels<I, Bgr, DS>(k, _mm256_and_si256(y, low), _mm256_srli_epi16(y, 8), c, out);
 }
 
 }  // namespace
@@ -195,12 +277,13 @@ int inv420_blocks(const Ycc420In& in, const RgbOut& o0, const RgbOut& o1, int x0
 
 template <class I, Order O, bool Bgr, int DS>
 int inv422_blocks(const Ycc422In& in, const RgbOut& o, int x0, int w) {
-    const uint8_t* q = in.y - kY0<O>;
+    const Tab<I>& k = *tab<I>();
     ptrdiff_t x = x0;
-    for (; x + kB <= w; x += kB) block422<I, O, Bgr, DS>(q, o, x);
+    const uint8_t* p = in.y - kY0<O> + 2 * x;
+    uint8_t* out = (Bgr ? o.b : o.r) + x * DS;
+    for (; x + kB <= w; x += kB, p += 2 * kB, out += kB * DS) block422<I, O, Bgr, DS>(k, p, out);
     return int(x);
 }
-
 template int inv420_blocks<Inv601Sub, false, 3>(const Ycc420In&, const RgbOut&, const RgbOut&, int, int);
 template int inv420_blocks<Inv601Sub, false, 4>(const Ycc420In&, const RgbOut&, const RgbOut&, int, int);
 template int inv420_blocks<Inv601Sub, true, 3>(const Ycc420In&, const RgbOut&, const RgbOut&, int, int);
