@@ -4,6 +4,7 @@
 #include "nmqcc.h"
 #include "yuv/ycbcr_drivers.h"
 #include "yuv/ycbcr_avx2.h"
+#include "yuv/ycbcr_fwd_avx512.h"
 #include "yuv/ycbcr_inv_avx2.h"
 #include "yuv/ycbcr_sse2.h"
 
@@ -23,7 +24,9 @@ Fwd422Fn fwd422k() {
 }
 template <bool Bgr, int SS>
 Fwd420Fn fwd420k() {
-    return pick(Kernels<Fwd420Fn>{fwd420_rows<Fwd601, RgbIn>, s2::fwd420<Fwd601, Bgr, SS>, a2::fwd420<Fwd601, Bgr, SS>});
+    Kernels<Fwd420Fn> k{fwd420_rows<Fwd601, RgbIn>, s2::fwd420<Fwd601, Bgr, SS>, a2::fwd420<Fwd601, Bgr, SS>};
+    k.avx512 = avx512::fwd420<Fwd601, Bgr, SS>;
+    return pick(k);
 }
 template <Order O, bool Bgr, int DS>
 Inv422Fn inv422k() {
