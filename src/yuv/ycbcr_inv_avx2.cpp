@@ -16,9 +16,9 @@
 // bytes are placed by byte shuffles and the lanes joined by 128-bit moves.
 //
 // The arithmetic is that of InvSplit601x (ycbcr_avx2_split.h), written out
-// here with its constants in memory. Blocks stop at
-// the last whole one inside the row; nothing here calls the inline kernels of
-// the headers (see ycbcr_avx2.h).
+// here with its constants in memory. Blocks stop at the last whole one inside
+// the row (the SSE2 kernel finishes it); nothing here calls the inline kernels
+// of the headers (see ycbcr_avx2.h).
 #include <immintrin.h>
 
 #include <utility>
