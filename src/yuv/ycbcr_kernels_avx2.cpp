@@ -69,10 +69,127 @@ inline void store_planar(uint8_t* cb, uint8_t* cr, V c) {
     st16(cr, _mm256_extracti128_si256(p, 1));
 }
 
+// 4:2:0 from interleaved pixels by pairs, for the matrices that allow it
+// (BT.601): the integers of fwd420_rows in another order, as in the AVX-512
+// kernel (ycbcr_fwd_avx512.cpp). Byte shuffles give per pixel the 16-bit
+// pairs (R, B) and (G, G); the luma sum is the sum of one pmaddwd of each,
+// (yr, yb) and the two halves of yg, plus yk, and its high half is Y. Their
+// difference (R - G, B - G), summed over a block, gives Cb and Cr with one
+// pmaddwd each, because the chroma weights of each row sum to zero; with
+// 4 ck = -510 * 2^16 the value is floor((h + 2) / 4) - 128 for h the high
+// half of the product sum, worked out for Cb and Cr side by side in the
+// halves of the block's dword. The values stay within -112..112, so the byte
+// pack does not saturate, and an exclusive or of 0x80 adds the 128.
+template <class F>
+struct Pairs420 {
+    static constexpr bool on = F::S == 16 && !F::clamp && F::br + F::bg + F::bb == 0 && F::rr + F::rg + F::rb == 0 &&
+                               4 * F::ck % 65536 == 0 && ((4 * F::ck / 65536 - 2) % 1024 + 1024) % 1024 == 512 &&
+                               F::yg < 65535;
+    static constexpr int g1 = F::yg / 2, g2 = F::yg - g1;
+};
+
+// Shuffles for four pixels of SS bytes at byte 4 * shifted of a lane, the
+// channels at byte offsets A (R), B (G), C (B) inside a pixel.
+template <int SS, int A, int B, int C>
+struct PairMasks {
+    int8_t rb[2][16], gg[2][16];
+    constexpr PairMasks() : rb(), gg() {
+        for (int k = 0; k < 2; ++k)
+            for (int j = 0; j < 4; ++j) {
+                const int base = SS * j + 4 * k;
+                rb[k][4 * j] = int8_t(base + A), rb[k][4 * j + 2] = int8_t(base + C);
+                gg[k][4 * j] = gg[k][4 * j + 2] = int8_t(base + B);
+                rb[k][4 * j + 1] = rb[k][4 * j + 3] = gg[k][4 * j + 1] = gg[k][4 * j + 3] = int8_t(0x80);
+            }
+    }
+};
+template <int SS, int A, int B, int C>
+inline constexpr PairMasks<SS, A, B, C> kPairMasks{};
+
+// Four pixels per lane: the (R - G, B - G) pairs and the luma sums.
+template <class F, int SS, int A, int B, int C>
+inline void pixels4(V q, int shifted, V& d, V& y) {
+    constexpr auto& m = kPairMasks<SS, A, B, C>;
+    const V rb = _mm256_shuffle_epi8(q, mask(m.rb[shifted])), gg = _mm256_shuffle_epi8(q, mask(m.gg[shifted]));
+    d = _mm256_sub_epi16(rb, gg);
+    y = _mm256_add_epi32(_mm256_add_epi32(_mm256_madd_epi16(rb, pair16(F::yr, F::yb)),
+                                          _mm256_madd_epi16(gg, pair16(Pairs420<F>::g1, Pairs420<F>::g2))),
+                         c32(F::yk));
+}
+
+// The Y bytes of four groups of four pixels (y[k]: group k of each lane) in
+// order: the high halves of two vectors interleaved as words (a0 b0 a1 b1
+// ...), packed, and sorted back by group.
+inline V luma_groups(const V y[4]) {
+    const V y01 = _mm256_blend_epi16(_mm256_srli_epi32(y[0], 16), y[1], 0xAA);
+    const V y23 = _mm256_blend_epi16(_mm256_srli_epi32(y[2], 16), y[3], 0xAA);
+    alignas(16) static constexpr int8_t kGroups[16] = {0, 2, 4, 6, 1, 3, 5, 7, 8, 10, 12, 14, 9, 11, 13, 15};
+    return _mm256_shuffle_epi8(_mm256_packus_epi16(y01, y23), mask(kGroups));
+}
+
+// Sums of neighbouring dwords of a and b as 16-bit pairs: per lane a0+a1,
+// a2+a3, b0+b1, b2+b3.
+inline V pair_sums(V a, V b) {
+    const __m256 fa = _mm256_castsi256_ps(a), fb = _mm256_castsi256_ps(b);
+    return _mm256_add_epi16(_mm256_castps_si256(_mm256_shuffle_ps(fa, fb, _MM_SHUFFLE(2, 0, 2, 0))),
+                            _mm256_castps_si256(_mm256_shuffle_ps(fa, fb, _MM_SHUFFLE(3, 1, 3, 1))));
+}
+
+// Per block dword (summed R - G, summed B - G): the samples of weights w1
+// and w2 as signed 16-bit values before the 128 is added.
+inline V block_chroma(V p, V w1, V w2) {
+    const V h = _mm256_blend_epi16(_mm256_srli_epi32(_mm256_madd_epi16(p, w1), 16), _mm256_madd_epi16(p, w2), 0xAA);
+    return _mm256_srai_epi16(_mm256_add_epi16(h, c16(2)), 2);
+}
+
+template <class F, int SS, int A, int B, int C>
+int fwd420_pairs(const uint8_t* q0, const uint8_t* q1, const Ycc420& o, int x0, int w) {
+    const bool cr_first = o.cr < o.cb;  // decides the interleaved order; planes take either
+    const V wb = pair16(F::br, F::bb), wr = pair16(F::rr, F::rb);
+    const V w1 = cr_first ? wr : wb, w2 = cr_first ? wb : wr;
+    uint8_t* const c1 = cr_first ? o.cr : o.cb;
+    uint8_t* const c2 = cr_first ? o.cb : o.cr;
+    alignas(16) static constexpr int8_t kSplit[16] = {0, 2, 4, 6, 8, 10, 12, 14, 1, 3, 5, 7, 9, 11, 13, 15};
+    ptrdiff_t x = x0;
+    for (; x + 32 <= w; x += 32) {
+        // Group k: pixels 4k..4k+3 in the low lane, 16+4k.. in the high one;
+        // the last group of three-byte pixels is loaded four bytes early so
+        // no load passes pixel 31.
+        const uint8_t* p0 = q0 + SS * x;
+        const uint8_t* p1 = q1 + SS * x;
+        V sum[4], y0[4], y1[4];
+        for (int k = 0; k < 4; ++k) {
+            const int off = SS == 4 ? 16 * k : k == 3 ? 32 : 12 * k, sh = SS == 3 && k == 3;
+            V da, db;
+            pixels4<F, SS, A, B, C>(ld2(p0 + off, p0 + off + 16 * SS), sh, da, y0[k]);
+            pixels4<F, SS, A, B, C>(ld2(p1 + off, p1 + off + 16 * SS), sh, db, y1[k]);
+            sum[k] = _mm256_add_epi16(da, db);
+        }
+        st32(o.y0 + x, luma_groups(y0));
+        st32(o.y1 + x, luma_groups(y1));
+        // Blocks 0-3 and 4-7 in the low lanes, 8-11 and 12-15 in the high ones.
+        const V c = _mm256_xor_si256(_mm256_packs_epi16(block_chroma(pair_sums(sum[0], sum[1]), w1, w2),
+                                                        block_chroma(pair_sums(sum[2], sum[3]), w1, w2)),
+                                     _mm256_set1_epi8(int8_t(0x80)));
+        if (o.cs == 2) {
+            st32(c1 + x, c);
+        } else {
+            const V v = _mm256_permute4x64_epi64(_mm256_shuffle_epi8(c, mask(kSplit)), _MM_SHUFFLE(3, 1, 2, 0));
+            st16(c1 + x / 2, _mm256_castsi256_si128(v));
+            st16(c2 + x / 2, _mm256_extracti128_si256(v, 1));
+        }
+    }
+    return int(x);
+}
+
 }  // namespace
 
 template <class F, bool Bgr, int SS>
 int fwd420_blocks(const RgbIn& s0, const RgbIn& s1, const Ycc420& o, int x0, int w) {
+    if constexpr (Pairs420<F>::on && SS != 1) {
+        constexpr int R = Bgr ? 2 : 0, B = Bgr ? 0 : 2;
+        return fwd420_pairs<F, SS, R, 1, B>(Bgr ? s0.b : s0.r, Bgr ? s1.b : s1.r, o, x0, w);
+    }
     const V K = c32(F::yk);
     const V zip = mask(o.cr < o.cb ? kM.zip_swap : kM.zip);
     ptrdiff_t x = x0;
