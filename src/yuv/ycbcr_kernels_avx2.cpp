@@ -117,12 +117,10 @@ inline void pixels4(V q, int shifted, V& d, V& y) {
                          c32(F::yk));
 }
 
-// The Y bytes of four groups of four pixels (y[k]: group k of each lane) in
-// order: the high halves of two vectors interleaved as words (a0 b0 a1 b1
-// ...), packed, and sorted back by group.
-inline V luma_groups(const V y[4]) {
-    const V y01 = _mm256_blend_epi16(_mm256_srli_epi32(y[0], 16), y[1], 0xAA);
-    const V y23 = _mm256_blend_epi16(_mm256_srli_epi32(y[2], 16), y[3], 0xAA);
+// The Y bytes of four groups of four pixels in order, from the high halves
+// of the luma sums of groups 0 and 1 interleaved as words (a0 b0 a1 b1 ...)
+// in y01 and those of groups 2 and 3 in y23: packed, and sorted back by group.
+inline V luma_groups(V y01, V y23) {
     alignas(16) static constexpr int8_t kGroups[16] = {0, 2, 4, 6, 1, 3, 5, 7, 8, 10, 12, 14, 9, 11, 13, 15};
     return _mm256_shuffle_epi8(_mm256_packus_epi16(y01, y23), mask(kGroups));
 }
@@ -155,18 +153,21 @@ int fwd420_pairs(const uint8_t* q0, const uint8_t* q1, const Ycc420& o, int x0, 
         // Group k: pixels 4k..4k+3 in the low lane, 16+4k.. in the high one;
         // the last group of three-byte pixels is loaded four bytes early so
         // no load passes pixel 31.
-        const uint8_t* p0 = q0 + SS * x;
-        const uint8_t* p1 = q1 + SS * x;
-        V sum[4], y0[4], y1[4];
-        for (int k = 0; k < 4; ++k) {
-            const int off = SS == 4 ? 16 * k : k == 3 ? 32 : 12 * k, sh = SS == 3 && k == 3;
-            V da, db;
-            pixels4<F, SS, A, B, C>(ld2(p0 + off, p0 + off + 16 * SS), sh, da, y0[k]);
-            pixels4<F, SS, A, B, C>(ld2(p1 + off, p1 + off + 16 * SS), sh, db, y1[k]);
-            sum[k] = _mm256_add_epi16(da, db);
+        // Row by row, the Y of two groups merged as soon as both are there,
+        // which keeps the live vectors within the register file.
+        V sum[4];
+        for (int r = 0; r < 2; ++r) {
+            const uint8_t* p = (r ? q1 : q0) + SS * x;
+            V yy[2], y[2];
+            for (int k = 0; k < 4; ++k) {
+                const int off = SS == 4 ? 16 * k : k == 3 ? 32 : 12 * k, sh = SS == 3 && k == 3;
+                V d;
+                pixels4<F, SS, A, B, C>(ld2(p + off, p + off + 16 * SS), sh, d, y[k % 2]);
+                sum[k] = r ? _mm256_add_epi16(sum[k], d) : d;
+                if (k % 2) yy[k / 2] = _mm256_blend_epi16(_mm256_srli_epi32(y[0], 16), y[1], 0xAA);
+            }
+            st32((r ? o.y1 : o.y0) + x, luma_groups(yy[0], yy[1]));
         }
-        st32(o.y0 + x, luma_groups(y0));
-        st32(o.y1 + x, luma_groups(y1));
         // Blocks 0-3 and 4-7 in the low lanes, 8-11 and 12-15 in the high ones.
         const V c = _mm256_xor_si256(_mm256_packs_epi16(block_chroma(pair_sums(sum[0], sum[1]), w1, w2),
                                                         block_chroma(pair_sums(sum[2], sum[3]), w1, w2)),
