@@ -1,7 +1,10 @@
 // Every (Y, Cb, Cr) through the BT.601 4:2:0 inverse, at every level. The
 // vector forms split each sum at the chroma sample into 16-bit halves and
 // rebuild the carry per pixel; random images reach few of the carries that
-// matter, so this walks all 2^24 of them once.
+// matter, so this walks all 2^24 of them once, through three planes to
+// three-byte pixels and through an interleaved chroma plane to four-byte
+// pixels (the vector kernels order and load those differently).
+#include <functional>
 #include <vector>
 
 #include "support/harness.h"
@@ -32,15 +35,37 @@ TEST(YCbCrExhaustive, Every420TripleAtEveryLevel) {
                 o[2] = Nmq8u(clamp255((76284 * Y + 132186 * Cb - 18140365) >> 16));
             }
         }
+    std::vector<Nmq8u> cbcr(2 * cb.size());
+    for (size_t s = 0; s < cb.size(); ++s) {
+        cbcr[2 * s] = cb[s];
+        cbcr[2 * s + 1] = cr[s];
+    }
     const Nmq8u* const src[3] = {y.data(), cb.data(), cr.data()};
     const int steps[3] = {W, CW, CW};
-    std::vector<Nmq8u> out(want.size());
-    for (nmq::Isa lv : nmqt::isa_levels()) {
-        nmq::IsaCap cap(lv);
-        std::fill(out.begin(), out.end(), Nmq8u(0));
-        ASSERT_EQ(nmqiYCbCr420ToRGB_8u_P3C3R(src, steps, out.data(), 3 * W, {W, H}), nmqStsOk);
-        ASSERT_EQ(nmqt::first_diff(out, want, 3 * W), "") << nmqt::isa_name(lv);
-    }
+    struct Case {
+        const char* name;
+        int ds;  // bytes per pixel; the fourth is alpha 0xFF
+        std::function<NmqStatus(Nmq8u*)> run;
+    };
+    const Case cases[] = {
+        {"P3C3R", 3, [&](Nmq8u* d) { return nmqiYCbCr420ToRGB_8u_P3C3R(src, steps, d, 3 * W, {W, H}); }},
+        {"P2C4R", 4, [&](Nmq8u* d) { return nmqiYCbCr420ToRGB_8u_P2C4R(y.data(), W, cbcr.data(), W, d, 4 * W, {W, H}); }},
+    };
+    const size_t n = size_t(W) * H;
+    std::vector<Nmq8u> out(4 * n);
+    for (const Case& c : cases)
+        for (nmq::Isa lv : nmqt::isa_levels()) {
+            nmq::IsaCap cap(lv);
+            std::fill(out.begin(), out.end(), Nmq8u(0));
+            ASSERT_EQ(c.run(out.data()), nmqStsOk);
+            size_t bad = n;
+            for (size_t px = 0; px < n && bad == n; ++px) {
+                const Nmq8u *o = &out[c.ds * px], *w = &want[3 * px];
+                if (o[0] != w[0] || o[1] != w[1] || o[2] != w[2] || (c.ds == 4 && o[3] != 0xFF)) bad = px;
+            }
+            ASSERT_EQ(bad, n) << c.name << " at " << nmqt::isa_name(lv) << ": pixel (" << bad % W << ", " << bad / W
+                              << ")";
+        }
 }
 
 }  // namespace
