@@ -6,13 +6,21 @@
 #include <immintrin.h>
 
 #include "bayer/cfa_kernels.h"
+#include "bayer/cfa_lanes.h"
 
 namespace nmq::cfa {
 namespace {
 
 using V = __m256i;
 
-struct Ops8 {
+struct Bits256 {
+    using V = __m256i;
+    static V and_(V a, V b) { return _mm256_and_si256(a, b); }
+    static V or_(V a, V b) { return _mm256_or_si256(a, b); }
+    static V xor_(V a, V b) { return _mm256_xor_si256(a, b); }
+};
+
+struct Ops8 : Bits256 {
     using T = uint8_t;
     static constexpr int kLanes = 32;
     static V avg(V a, V b) { return _mm256_avg_epu8(a, b); }
@@ -25,7 +33,7 @@ struct Ops8 {
     static V alternate(bool odd) { return odd ? _mm256_set1_epi16(int16_t(0xff00)) : _mm256_set1_epi16(0x00ff); }
 };
 
-struct Ops16 {
+struct Ops16 : Bits256 {
     using T = uint16_t;
     static constexpr int kLanes = 16;
     static V avg(V a, V b) { return _mm256_avg_epu16(a, b); }
@@ -42,42 +50,6 @@ inline V load(const T* p) { return _mm256_loadu_si256(reinterpret_cast<const V*>
 
 inline V select(V m, V if_set, V if_clear) { return _mm256_blendv_epi8(if_clear, if_set, m); }
 
-// Means of four without widening: see HalfSum in cfa_kernels_sse2.cpp.
-template <class O>
-struct HalfSum {
-    V avg, half, low;  // rounded mean, floored mean, low bit of the sum
-    HalfSum(V a, V b) {
-        avg = O::avg(a, b);
-        low = _mm256_and_si256(_mm256_xor_si256(a, b), O::one());
-        half = O::sub(avg, low);
-    }
-};
-
-template <class O>
-inline V mean4(const HalfSum<O>& p, const HalfSum<O>& q) {
-    return O::avg(p.half, O::add(q.half, _mm256_and_si256(p.low, q.low)));
-}
-
-template <class O>
-inline V absdiff(V a, V b) {
-    return _mm256_or_si256(O::subs(a, b), O::subs(b, a));
-}
-
-// Byte-shuffle masks that interleave three registers of E-byte samples into
-// RGB, 128-bit lane by lane: out[r][ch] places channel ch into output register
-// r (0x80 clears a byte).
-template <int E>
-struct Scatter {
-    int8_t out[3][3][16];
-    constexpr Scatter() : out() {
-        for (int r = 0; r < 3; ++r)
-            for (int ch = 0; ch < 3; ++ch)
-                for (int j = 0; j < 16; ++j) {
-                    const int o = 16 * r + j, s = o / E;  // output byte, its sample
-                    out[r][ch][j] = int8_t(s % 3 == ch ? E * (s / 3) + o % E : 0x80);
-                }
-    }
-};
 constexpr Scatter<1> kScatter8{};
 constexpr Scatter<2> kScatter16{};
 

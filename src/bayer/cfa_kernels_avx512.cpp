@@ -4,27 +4,24 @@
 // mask registers, so the same bytes as ownBayerInteriorRow. The RGB
 // interleave shuffles each 128-bit lane and then moves whole lanes into
 // place. The rest of a run after the last full vector goes to the AVX2 kernel.
-//
-// GCC 12 reports the undefined pass-through operand inside its own AVX-512
-// intrinsics as maybe uninitialised; silenced for the header's lines only.
-#if defined(__GNUC__) && !defined(__clang__)
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wuninitialized"
-#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
-#include <immintrin.h>
-#pragma GCC diagnostic pop
-#else
-#include <immintrin.h>
-#endif
+#include "frame/avx512.h"
 
 #include "bayer/cfa_kernels.h"
+#include "bayer/cfa_lanes.h"
 
 namespace nmq::cfa {
 namespace {
 
 using Z = __m512i;
 
-struct Ops8 {
+struct Bits512 {
+    using V = __m512i;
+    static V and_(V a, V b) { return _mm512_and_si512(a, b); }
+    static V or_(V a, V b) { return _mm512_or_si512(a, b); }
+    static V xor_(V a, V b) { return _mm512_xor_si512(a, b); }
+};
+
+struct Ops8 : Bits512 {
     using T = uint8_t;
     using M = __mmask64;
     static constexpr int kLanes = 64;
@@ -40,7 +37,7 @@ struct Ops8 {
     static M alternate(bool odd) { return odd ? M(0xAAAAAAAAAAAAAAAAull) : M(0x5555555555555555ull); }
 };
 
-struct Ops16 {
+struct Ops16 : Bits512 {
     using T = uint16_t;
     using M = __mmask32;
     static constexpr int kLanes = 32;
@@ -58,41 +55,6 @@ struct Ops16 {
 template <class T>
 inline Z load(const T* p) { return _mm512_loadu_si512(p); }
 
-// Means of four without widening: see HalfSum in cfa_kernels_sse2.cpp.
-template <class O>
-struct HalfSum {
-    Z avg, half, low;  // rounded mean, floored mean, low bit of the sum
-    HalfSum(Z a, Z b) {
-        avg = O::avg(a, b);
-        low = _mm512_and_si512(_mm512_xor_si512(a, b), O::one());
-        half = O::sub(avg, low);
-    }
-};
-
-template <class O>
-inline Z mean4(const HalfSum<O>& p, const HalfSum<O>& q) {
-    return O::avg(p.half, O::add(q.half, _mm512_and_si512(p.low, q.low)));
-}
-
-template <class O>
-inline Z absdiff(Z a, Z b) {
-    return _mm512_or_si512(O::subs(a, b), O::subs(b, a));
-}
-
-// Byte-shuffle masks interleaving three registers of E-byte samples into RGB,
-// per 128-bit lane: out[r][ch] places channel ch into the lane's output part r.
-template <int E>
-struct Scatter {
-    int8_t out[3][3][16];
-    constexpr Scatter() : out() {
-        for (int r = 0; r < 3; ++r)
-            for (int ch = 0; ch < 3; ++ch)
-                for (int j = 0; j < 16; ++j) {
-                    const int o = 16 * r + j, s = o / E;  // output byte, its sample
-                    out[r][ch][j] = int8_t(s % 3 == ch ? E * (s / 3) + o % E : 0x80);
-                }
-    }
-};
 constexpr Scatter<1> kScatter8{};
 constexpr Scatter<2> kScatter16{};
 

@@ -6,12 +6,20 @@
 #include <emmintrin.h>
 
 #include "bayer/cfa_kernels.h"
+#include "bayer/cfa_lanes.h"
 
 namespace nmq::cfa {
 namespace {
 
 // Lane operations on unsigned 8-bit and 16-bit samples.
-struct Ops8 {
+struct Bits128 {
+    using V = __m128i;
+    static V and_(V a, V b) { return _mm_and_si128(a, b); }
+    static V or_(V a, V b) { return _mm_or_si128(a, b); }
+    static V xor_(V a, V b) { return _mm_xor_si128(a, b); }
+};
+
+struct Ops8 : Bits128 {
     using T = uint8_t;
     static constexpr int kLanes = 16;
     static __m128i avg(__m128i a, __m128i b) { return _mm_avg_epu8(a, b); }
@@ -24,7 +32,7 @@ struct Ops8 {
     static __m128i alternate(bool odd) { return odd ? _mm_set1_epi16(int16_t(0xff00)) : _mm_set1_epi16(0x00ff); }
 };
 
-struct Ops16 {
+struct Ops16 : Bits128 {
     using T = uint16_t;
     static constexpr int kLanes = 8;
     static __m128i avg(__m128i a, __m128i b) { return _mm_avg_epu16(a, b); }
@@ -41,31 +49,6 @@ inline __m128i load(const T* p) { return _mm_loadu_si128(reinterpret_cast<const 
 
 inline __m128i select(__m128i m, __m128i if_set, __m128i if_clear) {
     return _mm_or_si128(_mm_and_si128(m, if_set), _mm_andnot_si128(m, if_clear));
-}
-
-// Means of four without widening. With h = floor((a + b) / 2) and r the low
-// bit of a + b for each pair, (a + b + c + d + 2) >> 2 equals
-// (h1 + h2 + (r1 & r2) + 1) >> 1, which the rounding average computes; h2 +
-// (r1 & r2) cannot overflow, since h2 is the maximum only when c = d.
-template <class O>
-struct HalfSum {
-    __m128i avg, half, low;  // rounded mean, floored mean, low bit of the sum
-    HalfSum(__m128i a, __m128i b) {
-        avg = O::avg(a, b);
-        low = _mm_and_si128(_mm_xor_si128(a, b), O::one());
-        half = O::sub(avg, low);
-    }
-};
-
-template <class O>
-inline __m128i mean4(const HalfSum<O>& p, const HalfSum<O>& q) {
-    return O::avg(p.half, O::add(q.half, _mm_and_si128(p.low, q.low)));
-}
-
-// |a - b| for unsigned lanes.
-template <class O>
-inline __m128i absdiff(__m128i a, __m128i b) {
-    return _mm_or_si128(O::subs(a, b), O::subs(b, a));
 }
 
 // Keeps the low six bytes of each 64-bit half and packs them into bytes 0..11.

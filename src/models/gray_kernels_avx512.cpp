@@ -14,19 +14,7 @@
 // stores. The scalar tail (the last width % 4 pixels) goes to the SSE2 kernel,
 // which gives those columns the tail arithmetic (the inline scalar templates
 // must not be instantiated in a file built for AVX-512).
-// GCC 12's AVX-512 intrinsics fill their unused merge operand from a
-// self-initialised variable (_mm512_undefined_*), which its uninitialised
-// warnings then report inside the header at every call; silenced for the
-// header's lines only.
-#if defined(__GNUC__) && !defined(__clang__)
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wuninitialized"
-#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
-#include <immintrin.h>
-#pragma GCC diagnostic pop
-#else
-#include <immintrin.h>
-#endif
+#include "frame/avx512.h"
 
 #include "models/gray_kernels.h"
 

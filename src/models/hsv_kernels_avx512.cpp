@@ -5,20 +5,7 @@
 // reciprocal estimate of the lower levels (rcpps, which has no 512-bit form;
 // AVX-512's own estimate gives other bits). The rest of a row goes to the
 // SSE2 kernel, as at the AVX2 level.
-//
-// GCC 12's AVX-512 intrinsics fill their unused merge operand from a
-// self-initialised variable (_mm512_undefined_*), which its uninitialised
-// warnings then report inside the header at every call; silenced for the
-// header's lines only.
-#if defined(__GNUC__) && !defined(__clang__)
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wuninitialized"
-#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
-#include <immintrin.h>
-#pragma GCC diagnostic pop
-#else
-#include <immintrin.h>
-#endif
+#include "frame/avx512.h"
 
 #include "models/hsv_kernels_bytes.h"
 

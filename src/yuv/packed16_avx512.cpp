@@ -14,18 +14,7 @@
 // The row tail is one more block with masked loads and stores (the arithmetic
 // is the same at every column and the dither thresholds come by column), so
 // the kernel ends each row pair itself; no other kernel is called from here.
-#if defined(__GNUC__) && !defined(__clang__)
-// GCC 12's AVX-512 intrinsics fill their unused merge operand from a
-// self-initialised variable, which its uninitialised warnings then report
-// inside the header at every call; silenced for the header's lines only.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wuninitialized"
-#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
-#include <immintrin.h>
-#pragma GCC diagnostic pop
-#else
-#include <immintrin.h>
-#endif
+#include "frame/avx512.h"
 
 #include "yuv/packed16_kernels.h"
 #include "yuv/ycbcr_avx2_split.h"

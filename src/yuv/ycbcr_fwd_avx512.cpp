@@ -29,18 +29,7 @@
 // loads and stores: no byte past the row's ROI is accessed and no other kernel
 // is called (the inline SSE2 and scalar templates must not be instantiated in
 // a file built for AVX-512).
-#if defined(__GNUC__) && !defined(__clang__)
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wuninitialized"
-#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
-#include <immintrin.h>
-#pragma GCC diagnostic pop
-// GCC 12 reports the deliberately undefined pass-through operand of its own
-// AVX-512 intrinsics at every inlined call as well.
-#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
-#else
-#include <immintrin.h>
-#endif
+#include "frame/avx512.h"
 
 #include "yuv/ycbcr_fwd_avx512.h"
 

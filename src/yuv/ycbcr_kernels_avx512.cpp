@@ -21,17 +21,11 @@
 // Only the lone last pixel of an odd packed 4:2:2 row (its own rule) is left
 // to the caller. Nothing here calls the inline kernels of the headers (see
 // ycbcr_avx2.h).
+#include "frame/avx512.h"
 #if defined(__GNUC__) && !defined(__clang__)
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wuninitialized"
+// GCC 12 also reports the undefined pass-through operand of its AVX-512
+// intrinsics at every call inlined in this file.
 #pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
-#include <immintrin.h>
-#pragma GCC diagnostic pop
-// GCC 12 reports the deliberately undefined pass-through operand of its own
-// AVX-512 intrinsics at every inlined call as well.
-#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
-#else
-#include <immintrin.h>
 #endif
 
 #include <utility>

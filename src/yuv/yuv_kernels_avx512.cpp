@@ -15,19 +15,7 @@
 // block with masked loads and stores: no byte past the row's ROI is accessed
 // and no other kernel is called (the inline SSE2 and scalar templates must not
 // be instantiated in a file built for AVX-512).
-// GCC 12's AVX-512 intrinsics fill their unused merge operand from a
-// self-initialised variable (_mm512_undefined_*), which its uninitialised
-// warnings then report inside the header at every call; silenced for the
-// header's lines only.
-#if defined(__GNUC__) && !defined(__clang__)
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wuninitialized"
-#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
-#include <immintrin.h>
-#pragma GCC diagnostic pop
-#else
-#include <immintrin.h>
-#endif
+#include "frame/avx512.h"
 
 #include "yuv/yuv_kernels.h"
 
