@@ -15,6 +15,8 @@ using V = __m256i;
 
 struct Bits256 {
     using V = __m256i;
+    using M = __m256i;  // all ones in the chosen lanes
+    static V blend(M m, V if_clear, V if_set) { return _mm256_blendv_epi8(if_clear, if_set, m); }
     static V and_(V a, V b) { return _mm256_and_si256(a, b); }
     static V or_(V a, V b) { return _mm256_or_si256(a, b); }
     static V xor_(V a, V b) { return _mm256_xor_si256(a, b); }
@@ -27,7 +29,8 @@ struct Ops8 : Bits256 {
     static V subs(V a, V b) { return _mm256_subs_epu8(a, b); }
     static V add(V a, V b) { return _mm256_add_epi8(a, b); }
     static V sub(V a, V b) { return _mm256_sub_epi8(a, b); }
-    static V eq(V a, V b) { return _mm256_cmpeq_epi8(a, b); }
+    static V le(V a, V b) { return _mm256_cmpeq_epi8(_mm256_subs_epu8(a, b), _mm256_setzero_si256()); }
+    static V load(const T* p) { return _mm256_loadu_si256(reinterpret_cast<const V*>(p)); }
     static V one() { return _mm256_set1_epi8(1); }
     // All ones in the lanes of pixels 0, 2, 4... (those of pixels 1, 3, 5... when odd).
     static V alternate(bool odd) { return odd ? _mm256_set1_epi16(int16_t(0xff00)) : _mm256_set1_epi16(0x00ff); }
@@ -40,15 +43,11 @@ struct Ops16 : Bits256 {
     static V subs(V a, V b) { return _mm256_subs_epu16(a, b); }
     static V add(V a, V b) { return _mm256_add_epi16(a, b); }
     static V sub(V a, V b) { return _mm256_sub_epi16(a, b); }
-    static V eq(V a, V b) { return _mm256_cmpeq_epi16(a, b); }
+    static V le(V a, V b) { return _mm256_cmpeq_epi16(_mm256_subs_epu16(a, b), _mm256_setzero_si256()); }
+    static V load(const T* p) { return _mm256_loadu_si256(reinterpret_cast<const V*>(p)); }
     static V one() { return _mm256_set1_epi16(1); }
     static V alternate(bool odd) { return odd ? _mm256_set1_epi32(int32_t(0xffff0000u)) : _mm256_set1_epi32(0xffff); }
 };
-
-template <class T>
-inline V load(const T* p) { return _mm256_loadu_si256(reinterpret_cast<const V*>(p)); }
-
-inline V select(V m, V if_set, V if_clear) { return _mm256_blendv_epi8(if_clear, if_set, m); }
 
 constexpr Scatter<1> kScatter8{};
 constexpr Scatter<2> kScatter16{};
@@ -79,25 +78,10 @@ void interior_row(const typename O::T* a, const typename O::T* c, const typename
                   bool red_row, bool green_first) {
     constexpr int L = O::kLanes;
     const V site = O::alternate(green_first);  // lanes of red or blue sites
-    const V zero = _mm256_setzero_si256();
     int i = 0;
     for (; i + L <= n; i += L, d += 3 * L) {
-        const V nw = load(a + i - 1), nn = load(a + i), ne = load(a + i + 1);
-        const V ww = load(c + i - 1), cc = load(c + i), ee = load(c + i + 1);
-        const V sw = load(b + i - 1), ss = load(b + i), se = load(b + i + 1);
-
-        const HalfSum<O> ns(nn, ss), we(ww, ee);
-        const V diag = mean4<O>(HalfSum<O>(nw, ne), HalfSum<O>(sw, se));
-
-        const V dv = absdiff<O>(nn, ss), dh = absdiff<O>(ww, ee);
-        const V v_le = O::eq(O::subs(dv, dh), zero), h_le = O::eq(O::subs(dh, dv), zero);
-        const V green = _mm256_or_si256(
-            _mm256_or_si256(_mm256_andnot_si256(v_le, we.avg), _mm256_andnot_si256(h_le, ns.avg)),
-            _mm256_and_si256(_mm256_and_si256(v_le, h_le), mean4<O>(ns, we)));
-
-        const V x = select(site, cc, we.avg);
-        const V g = select(site, green, cc);
-        const V y = select(site, diag, ns.avg);
+        V x, g, y;
+        interior_vector<O>(a + i, c + i, b + i, site, x, g, y);
         if (red_row)
             store_rgb(d, x, g, y);
         else

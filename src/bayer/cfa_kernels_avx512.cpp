@@ -32,6 +32,7 @@ struct Ops8 : Bits512 {
     static Z sub(Z a, Z b) { return _mm512_sub_epi8(a, b); }
     static Z one() { return _mm512_set1_epi8(1); }
     static M le(Z a, Z b) { return _mm512_cmple_epu8_mask(a, b); }
+    static Z load(const T* p) { return _mm512_loadu_si512(p); }
     static Z blend(M m, Z if_clear, Z if_set) { return _mm512_mask_blend_epi8(m, if_clear, if_set); }
     // The lanes of pixels 1, 3, 5... (odd) or 0, 2, 4...
     static M alternate(bool odd) { return odd ? M(0xAAAAAAAAAAAAAAAAull) : M(0x5555555555555555ull); }
@@ -48,12 +49,10 @@ struct Ops16 : Bits512 {
     static Z sub(Z a, Z b) { return _mm512_sub_epi16(a, b); }
     static Z one() { return _mm512_set1_epi16(1); }
     static M le(Z a, Z b) { return _mm512_cmple_epu16_mask(a, b); }
+    static Z load(const T* p) { return _mm512_loadu_si512(p); }
     static Z blend(M m, Z if_clear, Z if_set) { return _mm512_mask_blend_epi16(m, if_clear, if_set); }
     static M alternate(bool odd) { return odd ? M(0xAAAAAAAAu) : M(0x55555555u); }
 };
-
-template <class T>
-inline Z load(const T* p) { return _mm512_loadu_si512(p); }
 
 constexpr Scatter<1> kScatter8{};
 constexpr Scatter<2> kScatter16{};
@@ -94,21 +93,8 @@ int interior_blocks(const typename O::T* a, const typename O::T* c, const typena
     const typename O::M site = O::alternate(green_first);  // lanes of red or blue sites
     int i = 0;
     for (; i + L <= n; i += L, d += 3 * L) {
-        const Z nw = load(a + i - 1), nn = load(a + i), ne = load(a + i + 1);
-        const Z ww = load(c + i - 1), cc = load(c + i), ee = load(c + i + 1);
-        const Z sw = load(b + i - 1), ss = load(b + i), se = load(b + i + 1);
-
-        const HalfSum<O> ns(nn, ss), we(ww, ee);
-        const Z diag = mean4<O>(HalfSum<O>(nw, ne), HalfSum<O>(sw, se));
-
-        // Vertical difference larger: the horizontal pair; horizontal larger:
-        // the vertical pair; equal: all four.
-        const Z dv = absdiff<O>(nn, ss), dh = absdiff<O>(ww, ee);
-        const Z green = O::blend(O::le(dv, dh), we.avg, O::blend(O::le(dh, dv), ns.avg, mean4<O>(ns, we)));
-
-        const Z x = O::blend(site, we.avg, cc);
-        const Z g = O::blend(site, cc, green);
-        const Z y = O::blend(site, ns.avg, diag);
+        Z x, g, y;
+        interior_vector<O>(a + i, c + i, b + i, site, x, g, y);
         if (red_row)
             store_rgb(d, x, g, y);
         else

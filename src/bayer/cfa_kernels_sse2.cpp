@@ -14,6 +14,8 @@ namespace {
 // Lane operations on unsigned 8-bit and 16-bit samples.
 struct Bits128 {
     using V = __m128i;
+    using M = __m128i;  // all ones in the chosen lanes
+    static V blend(M m, V if_clear, V if_set) { return _mm_or_si128(_mm_and_si128(m, if_set), _mm_andnot_si128(m, if_clear)); }
     static V and_(V a, V b) { return _mm_and_si128(a, b); }
     static V or_(V a, V b) { return _mm_or_si128(a, b); }
     static V xor_(V a, V b) { return _mm_xor_si128(a, b); }
@@ -26,7 +28,8 @@ struct Ops8 : Bits128 {
     static __m128i subs(__m128i a, __m128i b) { return _mm_subs_epu8(a, b); }
     static __m128i add(__m128i a, __m128i b) { return _mm_add_epi8(a, b); }
     static __m128i sub(__m128i a, __m128i b) { return _mm_sub_epi8(a, b); }
-    static __m128i eq(__m128i a, __m128i b) { return _mm_cmpeq_epi8(a, b); }
+    static __m128i le(__m128i a, __m128i b) { return _mm_cmpeq_epi8(_mm_subs_epu8(a, b), _mm_setzero_si128()); }
+    static __m128i load(const T* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
     static __m128i one() { return _mm_set1_epi8(1); }
     // All ones in the lanes of pixels 0, 2, 4... (those of pixels 1, 3, 5... when odd).
     static __m128i alternate(bool odd) { return odd ? _mm_set1_epi16(int16_t(0xff00)) : _mm_set1_epi16(0x00ff); }
@@ -39,17 +42,11 @@ struct Ops16 : Bits128 {
     static __m128i subs(__m128i a, __m128i b) { return _mm_subs_epu16(a, b); }
     static __m128i add(__m128i a, __m128i b) { return _mm_add_epi16(a, b); }
     static __m128i sub(__m128i a, __m128i b) { return _mm_sub_epi16(a, b); }
-    static __m128i eq(__m128i a, __m128i b) { return _mm_cmpeq_epi16(a, b); }
+    static __m128i le(__m128i a, __m128i b) { return _mm_cmpeq_epi16(_mm_subs_epu16(a, b), _mm_setzero_si128()); }
+    static __m128i load(const T* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
     static __m128i one() { return _mm_set1_epi16(1); }
     static __m128i alternate(bool odd) { return odd ? _mm_set1_epi32(int32_t(0xffff0000u)) : _mm_set1_epi32(0xffff); }
 };
-
-template <class T>
-inline __m128i load(const T* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
-
-inline __m128i select(__m128i m, __m128i if_set, __m128i if_clear) {
-    return _mm_or_si128(_mm_and_si128(m, if_set), _mm_andnot_si128(m, if_clear));
-}
 
 // Keeps the low six bytes of each 64-bit half and packs them into bytes 0..11.
 inline __m128i pack_6_6(__m128i q) {
@@ -95,26 +92,10 @@ void interior_row(const typename O::T* a, const typename O::T* c, const typename
     constexpr int L = O::kLanes;
     // Lanes of red or blue sites.
     const __m128i site = O::alternate(green_first);
-    const __m128i zero = _mm_setzero_si128();
     int i = 0;
     for (; i + L <= n; i += L, d += 3 * L) {
-        const __m128i nw = load(a + i - 1), nn = load(a + i), ne = load(a + i + 1);
-        const __m128i ww = load(c + i - 1), cc = load(c + i), ee = load(c + i + 1);
-        const __m128i sw = load(b + i - 1), ss = load(b + i), se = load(b + i + 1);
-
-        const HalfSum<O> ns(nn, ss), we(ww, ee);
-        const __m128i diag = mean4<O>(HalfSum<O>(nw, ne), HalfSum<O>(sw, se));
-
-        // Directed green: dv <= dh and dh <= dv as masks.
-        const __m128i dv = absdiff<O>(nn, ss), dh = absdiff<O>(ww, ee);
-        const __m128i v_le = O::eq(O::subs(dv, dh), zero), h_le = O::eq(O::subs(dh, dv), zero);
-        const __m128i green = _mm_or_si128(
-            _mm_or_si128(_mm_andnot_si128(v_le, we.avg), _mm_andnot_si128(h_le, ns.avg)),
-            _mm_and_si128(_mm_and_si128(v_le, h_le), mean4<O>(ns, we)));
-
-        const __m128i x = select(site, cc, we.avg);
-        const __m128i g = select(site, green, cc);
-        const __m128i y = select(site, diag, ns.avg);
+        __m128i x, g, y;
+        interior_vector<O>(a + i, c + i, b + i, site, x, g, y);
         if (red_row)
             store_rgb(d, x, g, y);
         else

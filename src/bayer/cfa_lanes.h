@@ -35,6 +35,31 @@ inline typename O::V absdiff(typename O::V a, typename O::V b) {
     return O::or_(O::subs(a, b), O::subs(b, a));
 }
 
+// One vector of an interior run at a, c and b (the rows above, at and
+// below): every lane computes every candidate and `site` (the lanes of red or
+// blue sites) picks those of its site, so there is no branch per pixel. x is
+// the row's own colour, g green, y the colour of the rows above and below.
+template <class O>
+inline void interior_vector(const typename O::T* a, const typename O::T* c, const typename O::T* b,
+                            typename O::M site, typename O::V& x, typename O::V& g, typename O::V& y) {
+    using V = typename O::V;
+    const V nw = O::load(a - 1), nn = O::load(a), ne = O::load(a + 1);
+    const V ww = O::load(c - 1), cc = O::load(c), ee = O::load(c + 1);
+    const V sw = O::load(b - 1), ss = O::load(b), se = O::load(b + 1);
+
+    const HalfSum<O> ns(nn, ss), we(ww, ee);
+    const V diag = mean4<O>(HalfSum<O>(nw, ne), HalfSum<O>(sw, se));
+
+    // Green: the vertical difference larger, the horizontal pair; the
+    // horizontal larger, the vertical pair; equal, all four.
+    const V dv = absdiff<O>(nn, ss), dh = absdiff<O>(ww, ee);
+    const V green = O::blend(O::le(dv, dh), we.avg, O::blend(O::le(dh, dv), ns.avg, mean4<O>(ns, we)));
+
+    x = O::blend(site, we.avg, cc);
+    g = O::blend(site, cc, green);
+    y = O::blend(site, ns.avg, diag);
+}
+
 // Byte-shuffle masks interleaving three registers of E-byte samples into RGB,
 // per 128-bit lane: out[r][ch] places channel ch into the lane's output part r
 // (0x80 clears a byte).
