@@ -25,7 +25,6 @@ struct Ops8 : Bits512 {
     using T = uint8_t;
     using M = __mmask64;
     static constexpr int kLanes = 64;
-    static constexpr int kBytes = 1;
     static Z avg(Z a, Z b) { return _mm512_avg_epu8(a, b); }
     static Z subs(Z a, Z b) { return _mm512_subs_epu8(a, b); }
     static Z add(Z a, Z b) { return _mm512_add_epi8(a, b); }
@@ -42,7 +41,6 @@ struct Ops16 : Bits512 {
     using T = uint16_t;
     using M = __mmask32;
     static constexpr int kLanes = 32;
-    static constexpr int kBytes = 2;
     static Z avg(Z a, Z b) { return _mm512_avg_epu16(a, b); }
     static Z subs(Z a, Z b) { return _mm512_subs_epu16(a, b); }
     static Z add(Z a, Z b) { return _mm512_add_epi16(a, b); }

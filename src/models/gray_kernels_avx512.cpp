@@ -14,31 +14,14 @@
 // stores. The scalar tail (the last width % 4 pixels) goes to the SSE2 kernel,
 // which gives those columns the tail arithmetic (the inline scalar templates
 // must not be instantiated in a file built for AVX-512).
-#include "frame/avx512.h"
+#include "frame/avx512_px3.h"
 
 #include "models/gray_kernels.h"
 
 namespace nmq::gray {
 namespace {
 
-using Z = __m512i;
-using M = __mmask64;
-
-// The first k bits (k may be below 0 or above 64).
-inline M first(int k) { return k <= 0 ? M(0) : k >= 64 ? ~M(0) : (M(1) << k) - 1; }
-
-// Vector j, lane l <- dwords 3g .. 3g + 2 of the block (g = 4j + l), from the
-// loads (0, 1) for j < 2 and (1, 2) above; the lane's fourth dword repeats
-// its third.
-struct GroupIdx {
-    alignas(64) int32_t v[4][16];
-    constexpr GroupIdx() : v() {
-        for (int j = 0; j < 4; ++j)
-            for (int l = 0; l < 4; ++l)
-                for (int k = 0; k < 4; ++k) v[j][4 * l + k] = 3 * (4 * j + l) + (k < 3 ? k : 2) - (j < 2 ? 0 : 16);
-    }
-};
-inline constexpr GroupIdx kGroupIdx{};
+using namespace nmq::z512;
 
 struct W {
     Z r, g, b;

@@ -24,25 +24,18 @@
 // part of a row is one more block with masked loads and stores: no byte past
 // the row's ROI is accessed and no other kernel is called (the inline SSE2
 // and scalar templates must not be instantiated in a file built for AVX-512).
-#include "frame/avx512.h"
+#include "frame/avx512_px3.h"
 
 #include "yuv/yuv_kernels.h"
 
 namespace nmq::yuv {
 namespace {
 
-using Z = __m512i;
-using M = __mmask64;
+using namespace nmq::z512;
 
 constexpr ptrdiff_t kZ = 64;  // pixels per block
 
-inline Z c16(int v) { return _mm512_set1_epi16(int16_t(v)); }
 inline Z c32(int v) { return _mm512_set1_epi32(v); }
-inline Z pair(int a, int b) { return _mm512_set1_epi32(int32_t(uint32_t(uint16_t(a)) | uint32_t(uint16_t(b)) << 16)); }
-inline Z lanes(const int8_t* m) { return _mm512_broadcast_i32x4(_mm_loadu_si128(reinterpret_cast<const __m128i*>(m))); }
-
-// The first k bits (k may be below 0 or above 64).
-inline M first(ptrdiff_t k) { return k <= 0 ? M(0) : k >= 64 ? ~M(0) : (M(1) << k) - 1; }
 
 // Byte shuffles of a lane holding four pixels at bytes 0-11: (R, B) and
 // (G, G) of each pixel as 16-bit pairs (the high bytes zero).
@@ -59,19 +52,6 @@ struct Masks {
 };
 template <int A, int B, int C>
 inline constexpr Masks<A, B, C> kMasks{};
-
-// Vector j, lane l <- dwords 3g .. 3g + 2 of the row (g = 4j + l), taken from
-// the loads (lo, hi) = (0, 1) for j < 2 and (1, 2) above; the lane's fourth
-// dword repeats its third.
-struct GroupIdx {
-    alignas(64) int32_t v[4][16];
-    constexpr GroupIdx() : v() {
-        for (int j = 0; j < 4; ++j)
-            for (int l = 0; l < 4; ++l)
-                for (int k = 0; k < 4; ++k) v[j][4 * l + k] = 3 * (4 * j + l) + (k < 3 ? k : 2) - (j < 2 ? 0 : 16);
-    }
-};
-inline constexpr GroupIdx kGroupIdx{};
 
 // Word p of the V half <- word 8 (p % 4) + p / 4 of the split chroma (V of
 // block pair p), and the U half alike from word 4 on in each lane.
@@ -104,27 +84,6 @@ inline Row row(const uint8_t* q, ptrdiff_t m, const Z idx[4]) {
     return r;
 }
 
-// The 64 Y bytes of a row in pixel order.
-inline Z luma(const Row& r) {
-    // High halves of two vectors as words, a's in the even words: per lane
-    // the pixels a0 b0 a1 b1 ...
-    const __mmask32 odd = 0xAAAAAAAAu;
-    const Z y01 = _mm512_mask_blend_epi16(odd, _mm512_srli_epi32(r.y[0], 16), r.y[1]);
-    const Z y23 = _mm512_mask_blend_epi16(odd, _mm512_srli_epi32(r.y[2], 16), r.y[3]);
-    alignas(16) static constexpr int8_t kGroups[16] = {0, 2, 4, 6, 1, 3, 5, 7, 8, 10, 12, 14, 9, 11, 13, 15};
-    const Z bytes = _mm512_shuffle_epi8(_mm512_packus_epi16(y01, y23), lanes(kGroups));
-    // Lane l, dword j holds group 4j + l.
-    return _mm512_permutexvar_epi32(_mm512_setr_epi32(0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15), bytes);
-}
-
-// Sums of neighbouring dwords of a and b as 16-bit pairs: per lane a0+a1,
-// a2+a3, b0+b1, b2+b3.
-inline Z pair_sums(Z a, Z b) {
-    const __m512 fa = _mm512_castsi512_ps(a), fb = _mm512_castsi512_ps(b);
-    return _mm512_add_epi16(_mm512_castps_si512(_mm512_shuffle_ps(fa, fb, _MM_SHUFFLE(2, 0, 2, 0))),
-                            _mm512_castps_si512(_mm512_shuffle_ps(fa, fb, _MM_SHUFFLE(3, 1, 3, 1))));
-}
-
 // Per block dword (summed dRG, summed dBG): (V, U) as signed 16-bit values
 // before the 128 is added.
 inline Z block_vu(Z p) {
@@ -140,7 +99,7 @@ template <int A, int B, int C, bool Tail>
 inline void block(const RowIn& s0, const RowIn& s1, const RowOut& d, ptrdiff_t i, ptrdiff_t m, const Z idx[4]) {
     const Row a = row<A, B, C, Tail>(s0.p[0] + 3 * i, m, idx);
     const Row b = row<A, B, C, Tail>(s1.p[0] + 3 * i, m, idx);
-    const Z y0 = luma(a), y1 = luma(b);
+    const Z y0 = luma_bytes(a.y), y1 = luma_bytes(b.y);
     // Lane l: blocks 2l, 2l + 1, 8 + 2l, 9 + 2l (p01), 16 + 2l ... 25 + 2l (p23).
     const Z p01 = pair_sums(_mm512_add_epi16(a.d[0], b.d[0]), _mm512_add_epi16(a.d[1], b.d[1]));
     const Z p23 = pair_sums(_mm512_add_epi16(a.d[2], b.d[2]), _mm512_add_epi16(a.d[3], b.d[3]));
